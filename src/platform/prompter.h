@@ -1,0 +1,28 @@
+#pragma once
+// Message boxes: how the program tells and asks the user.
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+enum class MsgIcon { None, Critical, Question, Exclamation, Information };
+enum class MsgButtons { OK, YesNo, YesNoCancel };
+enum class MsgAnswer { OK, Yes, No, Cancel };
+
+struct Message {
+  std::string text;
+  MsgButtons buttons = MsgButtons::OK;
+  MsgIcon icon = MsgIcon::None;
+  std::string title;  // empty: the program's default title
+};
+
+class Prompter {
+ public:
+  virtual ~Prompter() = default;
+  // Shows the message and returns the button pressed (OK for an OK-only box). An
+  // implementation that cannot ask answers Cancel for Yes/No/Cancel and No for Yes/No,
+  // after telling the user why.
+  virtual MsgAnswer Show(const Message& message) = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,20 @@
+#pragma once
+// The system's ANSI code page. Texts are UTF-8 inside the program; files hold the
+// bytes of the code page.
+#include <string>
+#include <string_view>
+
+namespace vbrt {
+
+// The code page used by the two conversions below; "WINDOWS-1252" until set. Throws
+// std::invalid_argument for a name iconv does not know.
+void SetAnsiCodePage(const std::string& iconvName);
+const std::string& AnsiCodePage();
+
+// UTF-8 to the ANSI code page; a character the code page cannot hold becomes "?".
+// Invalid UTF-8 bytes become "?" too.
+std::string ToAnsi(std::string_view utf8);
+// ANSI code page bytes to UTF-8; bytes the code page leaves undefined become "?".
+std::string FromAnsi(std::string_view ansi);
+
+}  // namespace vbrt

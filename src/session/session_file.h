@@ -1,0 +1,29 @@
+#pragma once
+// The session file (.bvg): the reader and the writer of one session record.
+#include <string>
+
+#include "platform/file_system.h"
+#include "session/form_state.h"
+#include "vbrt/file_table.h"
+
+namespace session {
+
+// What the reader and writer open files with: file number 1 of the run's file table, and
+// the file system that maps the path to a file.
+struct SessionIo {
+  vbrt::FileTable& files;
+  const platform::FileSystem& fs;
+};
+
+// Reads the session at `path` into the form's controls, adding to what they hold and
+// running the change handlers of the path fields. True on success; false on failure, with
+// `message` set to the text to show or left as it was (see the reader's failure table).
+// A failed load keeps what it read and leaves file number 1 taken.
+bool LoadSession(FormState& form, SessionIo io, const std::string& path, std::string& message);
+
+// Writes the form's record to `path`, replacing the file. An empty path writes nothing
+// and succeeds. False with `message` set on failure; file number 1 then stays taken.
+bool SaveSession(const FormState& form, SessionIo io, const std::string& path,
+                 std::string& message);
+
+}  // namespace session

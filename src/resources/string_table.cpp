@@ -32,4 +32,19 @@ std::string LoadResString(int number) {
   return std::string(*text);
 }
 
+std::vector<std::string> ListFrom(int base, int tries) {
+  std::vector<std::string> texts;
+  for (int number = base; number < base + tries; ++number) {
+    if (const auto text = FindString(number)) texts.emplace_back(*text);
+  }
+  return texts;
+}
+
+std::string Compose(int before, std::string_view value, int after) {
+  std::string text = LoadResString(before);
+  text += value;
+  text += LoadResString(after);
+  return text;
+}
+
 }  // namespace resources

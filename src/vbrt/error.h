@@ -2,6 +2,7 @@
 // Run-time errors as the classic runtime raises them: a number and a description.
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace vbrt {
 
@@ -9,7 +10,9 @@ namespace vbrt {
 enum ErrorNumber : int {
   kOverflow = 6,
   kSubscriptOutOfRange = 9,
+  kDivisionByZero = 11,
   kTypeMismatch = 13,
+  kBadFileNameOrNumber = 52,
   kFileNotFound = 53,
   kBadFileMode = 54,
   kFileAlreadyOpen = 55,
@@ -38,7 +41,8 @@ class VbError : public std::runtime_error {
   std::string description_;
 };
 
-// Throws VbError with the runtime's standard description for `number`.
+// Throws VbError with the runtime's standard description for `number` (numbers without
+// one get "Application-defined or object-defined error").
 [[noreturn]] void Raise(int number);
 
 }  // namespace vbrt

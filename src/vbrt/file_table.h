@@ -8,6 +8,8 @@
 
 namespace vbrt {
 
+// Every operation on a number that is not open throws VbError(kBadFileNameOrNumber),
+// except Close and IsOpen.
 class FileTable {
  public:
   enum class Mode { Input, Output };
@@ -18,8 +20,9 @@ class FileTable {
   FileTable& operator=(const FileTable&) = delete;
 
   // Opens `path` under `number` (Output replaces the file). Throws VbError:
-  // kFileAlreadyOpen when the number is taken, kFileNotFound / kPathNotFound /
-  // kPermissionDenied / kPathFileAccessError when the file cannot be opened.
+  // kBadFileNameOrNumber outside 1..511, kFileAlreadyOpen when the number is taken,
+  // kFileNotFound / kPathNotFound / kPermissionDenied / kPathFileAccessError when the
+  // file cannot be opened.
   void Open(int number, const std::filesystem::path& path, Mode mode);
 
   // Line Input #: the next line without its end (CR LF, CR or LF). Throws
@@ -32,8 +35,9 @@ class FileTable {
   // the bytes cannot be written.
   void PrintLine(int number, std::string_view bytes);
 
-  // Close #n: flushes and frees the number. A failed flush throws and leaves the
-  // number taken, as any failure does.
+  // Close #n: flushes and frees the number; a number that is not open is left alone.
+  // A failed flush throws (kDiskFull / kDeviceIoError) and leaves the number taken,
+  // as any failure does.
   void Close(int number);
 
   bool IsOpen(int number) const;

@@ -14,7 +14,8 @@ struct NumberFormat {
 };
 
 // Reads LC_NUMERIC as the environment sets it (setlocale(LC_NUMERIC, "")) and restores
-// the process locale afterwards.
+// the process locale afterwards. A locale without a group separator (such as "C") gets
+// "," (or "." beside a decimal comma), as the classic runtime always has one.
 NumberFormat CaptureUserNumberFormat();
 // The format used by the defaulted arguments below; "." and "," until set.
 const NumberFormat& UserNumberFormat();
@@ -33,8 +34,11 @@ std::string StrInteger(long long value);  // " 2", "-3"
 std::string CStr(double value, const NumberFormat& format = UserNumberFormat());
 
 // IsNumeric(): accepts what the classic runtime accepts as a number under the locale:
-// surrounding blanks, a sign, group separators, a decimal separator, an exponent,
-// "&H"/"&O" forms. The empty text is not numeric.
+// surrounding blanks, a sign, group separators after the first digit of the integer
+// part, a decimal separator, an exponent ("E" or "D", optional sign), "&H"/"&O" forms.
+// The empty text is not numeric, nor is a number beyond the Double range.
+// "&H"/"&O" values are two's complement 16-bit when they fit ("&HFFFF" is -1), else
+// 32-bit.
 bool IsNumeric(std::string_view text, const NumberFormat& format = UserNumberFormat());
 
 // CDbl(): the number IsNumeric accepts; throws VbError(kTypeMismatch) otherwise and

@@ -1,0 +1,135 @@
+// Code-page conversion through iconv. Both directions keep their iconv handles open:
+// a session file is converted line by line, and opening a converter per line would
+// dominate the reading time of a large file.
+#include "vbrt/codepage.h"
+
+#include <iconv.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <stdexcept>
+#include <utility>
+
+namespace vbrt {
+namespace {
+
+constexpr char kReplacement = '?';
+// iconv is fed at most this many bytes per call: after a refused character glibc
+// re-converts what it had converted ahead in that call, so a short call bounds the cost
+// of every "?" in a text full of them.
+constexpr std::size_t kChunk = 256;
+const iconv_t kInvalidHandle = reinterpret_cast<iconv_t>(-1);
+
+class Converter {
+ public:
+  Converter(const std::string& to, const std::string& from)
+      : handle_(iconv_open(to.c_str(), from.c_str())) {
+    if (handle_ == kInvalidHandle)
+      throw std::invalid_argument("Unknown code page conversion " + from + " to " + to);
+  }
+  ~Converter() {
+    if (handle_ != kInvalidHandle) iconv_close(handle_);
+  }
+  Converter(Converter&& other) noexcept : handle_(std::exchange(other.handle_, kInvalidHandle)) {}
+  Converter& operator=(Converter&& other) noexcept {
+    std::swap(handle_, other.handle_);
+    return *this;
+  }
+
+  // Converts all of `input`; a sequence that iconv refuses is replaced by one "?" and
+  // skipped by the number of bytes `skipLength` gives for it.
+  template <typename SkipLength>
+  std::string Convert(std::string_view input, SkipLength skipLength) {
+    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+    std::string output(input.size() + input.size() / 2 + 16, '\0');
+    char* in = const_cast<char*>(input.data());
+    std::size_t inLeft = input.size();
+    std::size_t written = 0;
+    while (inLeft > 0) {
+      char* out = output.data() + written;
+      std::size_t outLeft = output.size() - written;
+      const std::size_t chunk = std::min(inLeft, kChunk);
+      std::size_t chunkLeft = chunk;
+      const std::size_t result = iconv(handle_, &in, &chunkLeft, &out, &outLeft);
+      const bool chunkIsTheRest = chunk == inLeft;
+      inLeft -= chunk - chunkLeft;
+      written = output.size() - outLeft;
+      if (result != static_cast<std::size_t>(-1)) continue;
+      if (errno == E2BIG) {
+        output.resize(output.size() * 2);
+      } else if (errno == EINVAL && !chunkIsTheRest) {
+        continue;  // a character cut by the chunk's end: the next chunk starts with it
+      } else {  // EILSEQ, or EINVAL for a character cut off by the end of the text
+        if (written == output.size()) output.resize(output.size() * 2);
+        output[written++] = kReplacement;
+        const std::size_t skip = std::min(inLeft, skipLength(std::string_view(in, inLeft)));
+        in += skip;
+        inLeft -= skip;
+      }
+    }
+    output.resize(written);
+    return output;
+  }
+
+ private:
+  iconv_t handle_;
+};
+
+// Length of the well-formed UTF-8 character at the start of `text`, or 1 for a byte
+// that starts no such character (each invalid byte becomes its own "?").
+std::size_t Utf8CharacterLength(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned char lead = byte(0);
+  std::size_t length = 0;
+  unsigned int low = 0x80, high = 0xBF;  // range of the second byte
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    length = 2;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    length = 3;
+    if (lead == 0xE0) low = 0xA0;   // no overlong forms
+    if (lead == 0xED) high = 0x9F;  // no surrogates
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    length = 4;
+    if (lead == 0xF0) low = 0x90;
+    if (lead == 0xF4) high = 0x8F;  // nothing beyond U+10FFFF
+  } else {
+    return 1;
+  }
+  if (text.size() < length || byte(1) < low || byte(1) > high) return 1;
+  for (std::size_t i = 2; i < length; ++i)
+    if (byte(i) < 0x80 || byte(i) > 0xBF) return 1;
+  return length;
+}
+
+std::size_t OneByte(std::string_view) { return 1; }
+
+struct CodePage {
+  std::string name;
+  Converter toAnsi;
+  Converter fromAnsi;
+
+  explicit CodePage(const std::string& iconvName)
+      : name(iconvName), toAnsi(iconvName, "UTF-8"), fromAnsi("UTF-8", iconvName) {}
+};
+
+CodePage& Current() {
+  static CodePage codePage("WINDOWS-1252");
+  return codePage;
+}
+
+}  // namespace
+
+void SetAnsiCodePage(const std::string& iconvName) {
+  CodePage replacement(iconvName);  // throws before anything changes
+  Current() = std::move(replacement);
+}
+
+const std::string& AnsiCodePage() { return Current().name; }
+
+std::string ToAnsi(std::string_view utf8) {
+  return Current().toAnsi.Convert(utf8, Utf8CharacterLength);
+}
+
+std::string FromAnsi(std::string_view ansi) { return Current().fromAnsi.Convert(ansi, OneByte); }
+
+}  // namespace vbrt

@@ -1,0 +1,140 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "raises.h"
+#include "vbrt/file_table.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Mode = vbrt::FileTable::Mode;
+
+class FileTableTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    dir_ = fs::temp_directory_path() /
+           ("eow_vbrt_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+    fs::remove_all(dir_);
+    fs::create_directories(dir_);
+  }
+  void TearDown() override { fs::remove_all(dir_); }
+
+  fs::path Write(const std::string& name, const std::string& bytes) {
+    const fs::path path = dir_ / name;
+    std::ofstream(path, std::ios::binary) << bytes;
+    return path;
+  }
+  static std::string Read(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+
+  fs::path dir_;
+  vbrt::FileTable files_;
+};
+
+TEST_F(FileTableTest, ReadsLinesWithAnyLineEnd) {
+  files_.Open(1, Write("mixed.txt", "a\r\nb\nc\rd\r\n\r\nlast"), Mode::Input);
+  std::vector<std::string> lines;
+  while (!files_.Eof(1)) lines.push_back(files_.LineInput(1));
+  EXPECT_THAT(lines, testing::ElementsAre("a", "b", "c", "d", "", "last"));
+  EXPECT_THAT([&] { files_.LineInput(1); }, RaisesError(vbrt::kInputPastEndOfFile));
+  files_.Close(1);
+  EXPECT_FALSE(files_.IsOpen(1));
+}
+
+TEST_F(FileTableTest, EmptyFileIsAtItsEnd) {
+  files_.Open(1, Write("empty.txt", ""), Mode::Input);
+  EXPECT_TRUE(files_.Eof(1));
+  EXPECT_THAT([&] { files_.LineInput(1); }, RaisesError(vbrt::kInputPastEndOfFile));
+}
+
+TEST_F(FileTableTest, LineEndAfterTheLastLineLeavesNoEmptyLine) {
+  files_.Open(1, Write("crlf.txt", "x\r\n"), Mode::Input);
+  EXPECT_EQ(files_.LineInput(1), "x");
+  EXPECT_TRUE(files_.Eof(1));
+}
+
+TEST_F(FileTableTest, CrLfSplitAcrossTheReadBuffer) {
+  // Puts the CR as the last byte of the first 64 KiB read.
+  const std::string first(64 * 1024 - 1, 'a');
+  files_.Open(1, Write("split.txt", first + "\r\nb"), Mode::Input);
+  EXPECT_EQ(files_.LineInput(1), first);
+  EXPECT_EQ(files_.LineInput(1), "b");
+}
+
+TEST_F(FileTableTest, ReadsAHugeSingleLine) {
+  const std::string line(20 * 1024 * 1024, 'x');
+  files_.Open(1, Write("huge.txt", line + "\r\n"), Mode::Input);
+  EXPECT_EQ(files_.LineInput(1), line);
+  EXPECT_TRUE(files_.Eof(1));
+}
+
+TEST_F(FileTableTest, PrintLineWritesCrLf) {
+  const fs::path path = dir_ / "out.txt";
+  files_.Open(1, path, Mode::Output);
+  files_.PrintLine(1, "one");
+  files_.PrintLine(1, "");
+  files_.PrintLine(1, "\xE9");
+  files_.Close(1);
+  EXPECT_EQ(Read(path), "one\r\n\r\n\xE9\r\n");
+
+  files_.Open(1, path, Mode::Output);  // replaces
+  files_.Close(1);
+  EXPECT_EQ(Read(path), "");
+}
+
+TEST_F(FileTableTest, NumberStaysTakenUntilClosed) {
+  const fs::path path = Write("a.txt", "a");
+  files_.Open(1, path, Mode::Input);
+  EXPECT_THAT([&] { files_.Open(1, path, Mode::Input); }, RaisesError(vbrt::kFileAlreadyOpen));
+  EXPECT_THAT([&] { files_.Open(1, dir_ / "other.txt", Mode::Output); },
+              RaisesError(vbrt::kFileAlreadyOpen));
+  files_.Open(2, path, Mode::Input);
+  EXPECT_EQ(files_.LineInput(2), "a");
+  files_.Close(1);
+  files_.Open(1, path, Mode::Input);
+  files_.Close(7);  // not open: nothing happens
+}
+
+TEST_F(FileTableTest, OpenFailuresGiveTheRuntimeErrors) {
+  EXPECT_THAT([&] { files_.Open(1, dir_ / "missing.txt", Mode::Input); },
+              RaisesError(vbrt::kFileNotFound));
+  EXPECT_THAT([&] { files_.Open(1, dir_ / "no" / "x.txt", Mode::Input); },
+              RaisesError(vbrt::kPathNotFound));
+  EXPECT_THAT([&] { files_.Open(1, dir_ / "no" / "x.txt", Mode::Output); },
+              RaisesError(vbrt::kPathNotFound));
+  EXPECT_THAT([&] { files_.Open(1, dir_, Mode::Input); },
+              RaisesError(vbrt::kPathFileAccessError));
+  EXPECT_THAT([&] { files_.Open(1, dir_, Mode::Output); },
+              RaisesError(vbrt::kPathFileAccessError));
+  EXPECT_THAT([&] { files_.Open(0, dir_ / "x.txt", Mode::Output); },
+              RaisesError(vbrt::kBadFileNameOrNumber));
+  EXPECT_FALSE(files_.IsOpen(1));
+}
+
+TEST_F(FileTableTest, WrongModeAndFreeNumber) {
+  files_.Open(1, dir_ / "out.txt", Mode::Output);
+  EXPECT_THAT([&] { files_.LineInput(1); }, RaisesError(vbrt::kBadFileMode));
+  files_.Open(2, Write("in.txt", "x"), Mode::Input);
+  EXPECT_THAT([&] { files_.PrintLine(2, "x"); }, RaisesError(vbrt::kBadFileMode));
+  EXPECT_THAT([&] { files_.LineInput(3); }, RaisesError(vbrt::kBadFileNameOrNumber));
+}
+
+TEST_F(FileTableTest, FullDeviceFailsAndKeepsTheNumber) {
+  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full";
+  files_.Open(1, "/dev/full", Mode::Output);
+  files_.PrintLine(1, "buffered");  // may only fail when the buffer is flushed
+  EXPECT_THAT([&] { files_.Close(1); }, RaisesError(vbrt::kDiskFull));
+  EXPECT_TRUE(files_.IsOpen(1));
+  EXPECT_THAT([&] { files_.PrintLine(1, std::string(1 << 20, 'x')); },
+              RaisesError(vbrt::kDiskFull));
+  EXPECT_TRUE(files_.IsOpen(1));
+}
+
+}  // namespace

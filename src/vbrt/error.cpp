@@ -14,6 +14,7 @@ const char* StandardDescription(int number) {
     case kBadFileMode: return "Bad file mode";
     case kFileAlreadyOpen: return "File already open";
     case kDeviceIoError: return "Device I/O error";
+    case kFileAlreadyExists: return "File already exists";
     case kDiskFull: return "Disk full";
     case kInputPastEndOfFile: return "Input past end of file";
     case kPermissionDenied: return "Permission denied";

@@ -1,0 +1,173 @@
+#include "wizard/model/page_checks.h"
+
+#include <variant>
+
+#include "platform/path_parts.h"
+#include "resources/string_ids.h"
+#include "resources/string_table.h"
+#include "vbrt/error.h"
+
+namespace wizard {
+namespace {
+
+using platform::MsgAnswer;
+using platform::MsgButtons;
+using platform::MsgIcon;
+using namespace resources;  // LoadResString and the string numbers
+
+// The question whether to create a missing project folder asks for its texts under this
+// number, which the table does not hold.
+constexpr int kCreateFolderQuestion = 0;
+
+// The project a generation writes is named this; its class is named after the wizard's
+// project, so the ProgID it registers is "Sondel.<project>".
+constexpr std::string_view kGeneratedProject = "Sondel";
+
+// The controls of one basic file on the basic-files page.
+struct BasicFileControls {
+  std::string session::FormState::*text;
+  std::string session::FormState::*value;
+  session::OptionButton session::FormState::*code;
+  session::OptionButton session::FormState::*link;
+  void (session::FormState::*selectCase)(bool);
+  int missingBefore;
+  int missingAfter;
+};
+
+constexpr BasicFileControls kModelControls{
+    &session::FormState::edModel,        &session::FormState::theModel,
+    &session::FormState::optModelCode,   &session::FormState::optModelLink,
+    &session::FormState::SelectModelCase, kModelMissingBefore,
+    kModelMissingAfter};
+constexpr BasicFileControls kDataControls{
+    &session::FormState::edData,        &session::FormState::theData,
+    &session::FormState::optDataCode,   &session::FormState::optDataLink,
+    &session::FormState::SelectDataCase, kDataMissingBefore,
+    kDataMissingAfter};
+
+}  // namespace
+
+PageChecks::PageChecks(platform::FileSystem& fs, const platform::Registry& registry,
+                       platform::Prompter& prompter, PageCheckOptions options)
+    : fs_(fs), registry_(registry), prompter_(prompter), options_(options) {}
+
+std::string PageChecks::ProgIdOf(std::string_view projectName) {
+  return std::string(kGeneratedProject) + "." + std::string(projectName);
+}
+
+bool PageChecks::SessionFileLeft(session::FormState& form, session::SessionIo io,
+                                 bool& settingsChanged) {
+  if (form.edFile.empty()) return false;
+  const std::string path = fs_.AbsolutePath(form.edFile);
+  if (!fs_.FileExists(path)) return false;  // saving will create it
+  if (settingsChanged) {
+    const MsgAnswer answer = prompter_.Show({LoadResString(kLoadSessionQuestion),
+                                             MsgButtons::YesNoCancel, MsgIcon::Question,
+                                             LoadResString(kAppTitle)});
+    if (answer == MsgAnswer::Cancel) return true;
+    if (answer == MsgAnswer::No) return false;  // the file is overwritten on the next save
+  }
+  std::string message;
+  if (!session::LoadSession(form, io, path, message)) Tell(message, MsgIcon::Exclamation);
+  settingsChanged = false;
+  return false;
+}
+
+void PageChecks::LocationLeft(session::FormState& form) {
+  if (form.edLocation.empty()) {
+    form.theName.clear();
+    form.theLocation.clear();
+    form.btnFinishEnabled = false;
+    return;
+  }
+  form.theName = platform::BaseName(form.edLocation);
+  const std::string folder = fs_.AbsolutePath(platform::ParentFolder(form.edLocation));
+  if (!fs_.FolderExists(folder)) {
+    // The question whether to create the folder fails at its first text lookup, and that
+    // failure ends the check: theLocation and Finish stay as they were. The window keeps
+    // this behaviour on purpose; only a caller that asked for it hears why.
+    try {
+      LoadResString(kCreateFolderQuestion);
+    } catch (const vbrt::VbError&) {
+      if (options_.tellMissingFolder) {
+        // The model message's ending reads "' does not exist." as this one needs.
+        Tell(LoadResString(kFolderMissingBefore) + folder + LoadResString(kModelMissingAfter),
+             MsgIcon::Information);
+      }
+    }
+    return;
+  }
+  form.theLocation = folder;
+  const std::string progId = ProgIdOf(form.theName);
+  const platform::RegistryValue clsid =
+      registry_.QueryRegValue(platform::RegistryRoot::ClassesRoot, progId + "\\CLSID", "");
+  if (!std::holds_alternative<std::monostate>(clsid)) {
+    Tell(LoadResString(kObjectRegisteredBefore) + progId + LoadResString(kObjectRegisteredMiddle) + progId +
+             LoadResString(kObjectRegisteredAfter),
+         MsgIcon::Information);
+  }
+  form.btnFinishEnabled = true;
+}
+
+void PageChecks::ModelLeft(session::FormState& form) { BasicFileLeft(form, true); }
+
+void PageChecks::DataLeft(session::FormState& form) { BasicFileLeft(form, false); }
+
+void PageChecks::BasicFileLeft(session::FormState& form, bool model) {
+  const BasicFileControls& controls = model ? kModelControls : kDataControls;
+  const std::string& text = form.*controls.text;
+  std::string& value = form.*controls.value;
+  session::OptionButton& code = form.*controls.code;
+  session::OptionButton& link = form.*controls.link;
+  if (text.empty()) {
+    value.clear();
+    code.enabled = false;
+    link.enabled = false;
+  } else if (fs_.FileExists(text)) {
+    link.enabled = true;
+    value = text;
+  } else {
+    Tell(LoadResString(controls.missingBefore) + text + LoadResString(controls.missingAfter),
+         MsgIcon::Information);
+    (form.*controls.selectCase)(false);
+    code.enabled = false;
+    link.enabled = false;
+    value.clear();
+  }
+}
+
+void PageChecks::SketchLeft(session::FormState& form) {
+  form.theSketch = form.edSketch;
+  if (!form.edSketch.empty() && !fs_.FileExists(form.edSketch)) {
+    Tell(LoadResString(kSketchMissingBefore) + form.edSketch + LoadResString(kSketchMissingAfter),
+         MsgIcon::Information);
+    form.theSketch.clear();
+  }
+}
+
+bool PageChecks::CreateFolderPath(std::string_view folder) {
+  if (fs_.FolderExists(folder)) return true;
+  const std::string parent = platform::ParentFolder(folder);
+  if (!parent.empty() && !CreateFolderPath(parent)) return false;
+  try {
+    fs_.CreateFolder(folder);
+  } catch (const vbrt::VbError&) {
+    return false;
+  }
+  return true;
+}
+
+void PageChecks::TextSet(session::FormState& form, session::TextField field) {
+  switch (field) {
+    case session::TextField::Location: return LocationLeft(form);
+    case session::TextField::Model: return ModelLeft(form);
+    case session::TextField::Data: return DataLeft(form);
+    case session::TextField::Sketch: return SketchLeft(form);
+  }
+}
+
+void PageChecks::Tell(const std::string& text, MsgIcon icon) {
+  prompter_.Show({text, MsgButtons::OK, icon, LoadResString(kAppTitle)});
+}
+
+}  // namespace wizard

@@ -1,0 +1,63 @@
+#pragma once
+// The lost-focus checks of the session-file, project and basic-files pages: they bring
+// the form's public fields and option buttons up to date with a text the user typed,
+// chose in a file dialog, or a session file set.
+#include <string>
+#include <string_view>
+
+#include "platform/file_system.h"
+#include "platform/prompter.h"
+#include "platform/registry.h"
+#include "session/form_state.h"
+#include "session/session_file.h"
+
+namespace wizard {
+
+struct PageCheckOptions {
+  // When the project folder does not exist the check ends without a word (the window
+  // does so); the command line sets this to tell the user that the folder is missing.
+  bool tellMissingFolder = false;
+};
+
+class PageChecks : public session::FieldHandlers {
+ public:
+  // Not owned; they must outlive the checks.
+  PageChecks(platform::FileSystem& fs, const platform::Registry& registry,
+             platform::Prompter& prompter, PageCheckOptions options = {});
+
+  // edFile lost the focus. An existing session file is loaded; when `settingsChanged`
+  // the user is asked first (Yes loads, No keeps the settings, Cancel keeps them too).
+  // After a load attempt `settingsChanged` is false. True when the focus must go back to
+  // edFile (the user cancelled).
+  bool SessionFileLeft(session::FormState& form, session::SessionIo io, bool& settingsChanged);
+
+  // edLocation lost the focus: sets theName and theLocation from the project path and
+  // enables Finish; warns when the project's object is registered already. When the
+  // folder does not exist only theName changes.
+  void LocationLeft(session::FormState& form);
+  // edModel / edData lost the focus: theModel / theData and the "from file" options.
+  void ModelLeft(session::FormState& form);
+  void DataLeft(session::FormState& form);
+  // edSketch lost the focus: theSketch.
+  void SketchLeft(session::FormState& form);
+
+  // Creates `folder` and every missing parent. True when the folder exists afterwards.
+  bool CreateFolderPath(std::string_view folder);
+
+  // Runs the check of `field`; the session reader calls this for the fields it sets.
+  void TextSet(session::FormState& form, session::TextField field) override;
+
+  // The ProgID that a generation of project `projectName` registers.
+  static std::string ProgIdOf(std::string_view projectName);
+
+ private:
+  void BasicFileLeft(session::FormState& form, bool model);
+  void Tell(const std::string& text, platform::MsgIcon icon);
+
+  platform::FileSystem& fs_;
+  const platform::Registry& registry_;
+  platform::Prompter& prompter_;
+  PageCheckOptions options_;
+};
+
+}  // namespace wizard

@@ -1,0 +1,86 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <stdexcept>
+
+#include "platform/prompt/console_prompter.h"
+#include "platform/prompt/scripted_prompter.h"
+
+namespace platform {
+namespace {
+
+using testing::HasSubstr;
+
+const Message kNotice{"The object 'Sondel.Coil' has registered yet", MsgButtons::OK,
+                      MsgIcon::Information, "Wizard"};
+const Message kLoad{"Load old session ?", MsgButtons::YesNoCancel, MsgIcon::Question, "Wizard"};
+const Message kCreate{"Create ?", MsgButtons::YesNo, MsgIcon::Exclamation, ""};
+
+struct Console {
+  explicit Console(bool interactive, std::optional<MsgAnswer> policy = {}, std::string input = "")
+      : in(std::move(input)), prompter(in, out, interactive, policy) {}
+  std::istringstream in;
+  std::ostringstream out;
+  ConsolePrompter prompter;
+};
+
+TEST(ConsolePrompter, PrintsTitleIconAndTextAndNeedsNoAnswerForOk) {
+  Console console(false);
+  EXPECT_EQ(console.prompter.Show(kNotice), MsgAnswer::OK);
+  EXPECT_EQ(console.out.str(),
+            "[Wizard] Information: The object 'Sondel.Coil' has registered yet\n");
+  Console plain(false);
+  plain.prompter.Show({"x", MsgButtons::OK, MsgIcon::Critical, ""});
+  EXPECT_THAT(plain.out.str(), HasSubstr("Error: x"));
+}
+
+TEST(ConsolePrompter, PolicyAnswersQuestions) {
+  EXPECT_EQ(Console(false, MsgAnswer::Yes).prompter.Show(kLoad), MsgAnswer::Yes);
+  EXPECT_EQ(Console(false, MsgAnswer::No).prompter.Show(kLoad), MsgAnswer::No);
+  EXPECT_EQ(Console(false, MsgAnswer::Cancel).prompter.Show(kLoad), MsgAnswer::Cancel);
+  EXPECT_EQ(Console(false, MsgAnswer::Cancel).prompter.Show(kCreate), MsgAnswer::No);
+  EXPECT_EQ(Console(false, MsgAnswer::Yes).prompter.Show(kCreate), MsgAnswer::Yes);
+}
+
+TEST(ConsolePrompter, WithoutPolicyStopsTheQuestionAndSaysWhy) {
+  Console console(false);
+  EXPECT_EQ(console.prompter.Show(kLoad), MsgAnswer::Cancel);
+  EXPECT_EQ(console.prompter.Show(kCreate), MsgAnswer::No);
+  EXPECT_THAT(console.out.str(), HasSubstr("run on a terminal or give --answer yes|no|cancel"));
+  EXPECT_THAT(console.out.str(), HasSubstr("[Wizard] Question: Load old session ?"));
+}
+
+TEST(ConsolePrompter, AsksOnATerminalUntilTheAnswerIsClear) {
+  Console console(true, MsgAnswer::Yes, "maybe\n\n  C \n");
+  EXPECT_EQ(console.prompter.Show(kLoad), MsgAnswer::Cancel);
+  const std::string asked = console.out.str();
+  int prompts = 0;
+  for (auto at = asked.find("[c]ancel? "); at != std::string::npos; at = asked.find("[c]ancel? ", at + 1)) {
+    ++prompts;
+  }
+  EXPECT_EQ(prompts, 3);  // asked again after "maybe" and after the empty line
+
+  Console yesNo(true, {}, "c\nno\n");
+  EXPECT_EQ(yesNo.prompter.Show(kCreate), MsgAnswer::No);  // "c" is no answer to Yes/No
+
+  EXPECT_EQ(Console(true, {}, "Yes\n").prompter.Show(kLoad), MsgAnswer::Yes);
+  EXPECT_EQ(Console(true, {}, "").prompter.Show(kLoad), MsgAnswer::Cancel);
+  EXPECT_EQ(Console(true, {}, "maybe").prompter.Show(kCreate), MsgAnswer::No);
+}
+
+TEST(ScriptedPrompter, RecordsMessagesAndAnswersFromTheQueue) {
+  ScriptedPrompter prompter;
+  prompter.Answer(MsgAnswer::No);
+  EXPECT_EQ(prompter.Show(kNotice), MsgAnswer::OK);
+  EXPECT_EQ(prompter.Show(kLoad), MsgAnswer::No);
+  EXPECT_EQ(prompter.Pending(), 0u);
+  ASSERT_EQ(prompter.shown.size(), 2u);
+  EXPECT_EQ(prompter.shown[0].text, kNotice.text);
+  EXPECT_EQ(prompter.shown[1].icon, MsgIcon::Question);
+  EXPECT_THAT([&] { prompter.Show(kCreate); },
+              testing::ThrowsMessage<std::logic_error>(HasSubstr("Create ?")));
+}
+
+}  // namespace
+}  // namespace platform

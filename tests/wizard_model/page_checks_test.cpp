@@ -1,0 +1,220 @@
+#include "wizard/model/page_checks.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "../platform/scratch_folder.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/prompt/scripted_prompter.h"
+#include "platform/regfile/registry_files.h"
+#include "vbrt/file_table.h"
+
+namespace wizard {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::MsgAnswer;
+using platform::MsgButtons;
+using platform::MsgIcon;
+using session::TextField;
+
+constexpr const char* kTitle = "Zentrix Bravant ExploringObject Wizard";
+
+class PageChecksTest : public testing::Test {
+ protected:
+  PageChecksTest() { form_.SetFieldHandlers(&checks_); }
+
+  static platform::PosixFileSystem Files(const fs::path& drive) {
+    platform::DriveMap drives;
+    drives.Add("M=" + drive.string());
+    return platform::PosixFileSystem(std::move(drives));
+  }
+  std::string InScratch(const std::string& name) const { return (scratch_.Path() / name).string(); }
+  void ExpectTold(const std::string& text, MsgIcon icon) {
+    ASSERT_EQ(prompter_.shown.size(), 1u);
+    EXPECT_EQ(prompter_.shown[0].text, text);
+    EXPECT_EQ(prompter_.shown[0].icon, icon);
+    EXPECT_EQ(prompter_.shown[0].buttons, MsgButtons::OK);
+    EXPECT_EQ(prompter_.shown[0].title, kTitle);
+    prompter_.shown.clear();
+  }
+
+  ScratchFolder scratch_;
+  platform::PosixFileSystem files_ = Files(scratch_.Path());
+  platform::RegistryFiles registry_;
+  platform::ScriptedPrompter prompter_;
+  PageChecks checks_{files_, registry_, prompter_};
+  session::FormState form_;
+};
+
+TEST_F(PageChecksTest, ProjectPathInAnExistingFolderEnablesFinishAndEmptyDisables) {
+  form_.SetText(TextField::Location, InScratch("Coil.vbp"));
+  EXPECT_EQ(form_.theName, "Coil");
+  EXPECT_EQ(form_.theLocation, scratch_.Path().string());
+  EXPECT_TRUE(form_.btnFinishEnabled);
+
+  form_.SetText(TextField::Location, "m:/Motor.vbp");
+  EXPECT_EQ(form_.theName, "Motor");
+  EXPECT_EQ(form_.theLocation, "M:\\");
+
+  form_.SetText(TextField::Location, "");
+  EXPECT_EQ(form_.theName, "");
+  EXPECT_EQ(form_.theLocation, "");
+  EXPECT_FALSE(form_.btnFinishEnabled);
+  EXPECT_TRUE(prompter_.shown.empty());
+}
+
+TEST_F(PageChecksTest, MissingProjectFolderChangesOnlyTheName) {
+  form_.SetText(TextField::Location, "M:\\Coil.vbp");
+  form_.SetText(TextField::Location, "M:\\missing\\deeper\\Motor.vbp");
+  EXPECT_EQ(form_.theName, "Motor");
+  EXPECT_EQ(form_.theLocation, "M:\\");
+  EXPECT_TRUE(form_.btnFinishEnabled);
+  EXPECT_TRUE(prompter_.shown.empty());
+  EXPECT_FALSE(fs::exists(scratch_.Path() / "missing"));
+
+  PageChecks telling(files_, registry_, prompter_, {.tellMissingFolder = true});
+  form_.edLocation = "Q:\\Models\\Coil.vbp";
+  telling.LocationLeft(form_);
+  EXPECT_EQ(form_.theName, "Coil");
+  EXPECT_EQ(form_.theLocation, "M:\\");
+  ExpectTold("Folder 'Q:\\Models' does not exist.", MsgIcon::Information);
+}
+
+TEST_F(PageChecksTest, WarnsAboutAnObjectRegisteredByAnEarlierGeneration) {
+  registry_.AddFile(scratch_.Write("sondel.reg",
+                                   "REGEDIT4\n\n[HKEY_CLASSES_ROOT\\Sondel.Coil\\Clsid]\n"
+                                   "@=\"{11111111-2222-3333-4444-555555555555}\"\n"));
+  form_.SetText(TextField::Location, "M:\\Motor.vbp");
+  EXPECT_TRUE(prompter_.shown.empty());
+
+  form_.SetText(TextField::Location, "M:\\coil.vbp");
+  ExpectTold("The object 'Sondel.coil' has registered yet on your computer. If you continue then "
+             "an old 'Sondel.coil' object will be inaccessible.",
+             MsgIcon::Information);
+  EXPECT_EQ(form_.theLocation, "M:\\");
+  EXPECT_TRUE(form_.btnFinishEnabled);
+}
+
+TEST_F(PageChecksTest, BasicFilesTakeExistingPathsAndClearMissingOnes) {
+  scratch_.Write("Coil.mod", "model");
+  form_.SetText(TextField::Model, "M:\\Coil.mod");
+  EXPECT_EQ(form_.theModel, "M:\\Coil.mod");
+  EXPECT_TRUE(form_.optModelLink.enabled);
+
+  form_.SelectModelCase(true);
+  form_.SetText(TextField::Model, "M:\\Gone.mod");
+  ExpectTold("Model file 'M:\\Gone.mod' does not exist.", MsgIcon::Information);
+  EXPECT_EQ(form_.edModel, "M:\\Gone.mod");
+  EXPECT_EQ(form_.theModel, "");
+  EXPECT_TRUE(form_.optModelLink.value);
+  EXPECT_FALSE(form_.optModelCode.value);
+  EXPECT_FALSE(form_.optModelLink.enabled);
+  EXPECT_FALSE(form_.optModelCode.enabled);
+
+  form_.SetText(TextField::Data, "M:\\Gone.dms");
+  ExpectTold("Data file 'M:\\Gone.dms' does not exist.", MsgIcon::Information);
+  EXPECT_EQ(form_.theData, "");
+  EXPECT_FALSE(form_.optDataLink.enabled);
+
+  form_.theData = "stale";
+  form_.optDataLink.enabled = true;
+  form_.SetText(TextField::Data, "");
+  EXPECT_EQ(form_.theData, "");
+  EXPECT_FALSE(form_.optDataLink.enabled);
+  EXPECT_TRUE(prompter_.shown.empty());
+}
+
+TEST_F(PageChecksTest, SketchIsKeptOnlyWhenItExists) {
+  scratch_.Write("Coil.bmp", "image");
+  form_.SetText(TextField::Sketch, "M:\\Coil.bmp");
+  EXPECT_EQ(form_.theSketch, "M:\\Coil.bmp");
+  form_.SetText(TextField::Sketch, "M:\\Gone.bmp");
+  ExpectTold("Sketch file 'M:\\Gone.bmp' does not exist.", MsgIcon::Information);
+  EXPECT_EQ(form_.theSketch, "");
+  EXPECT_EQ(form_.edSketch, "M:\\Gone.bmp");
+  form_.SetText(TextField::Sketch, "");
+  EXPECT_EQ(form_.theSketch, "");
+  EXPECT_TRUE(prompter_.shown.empty());
+}
+
+TEST_F(PageChecksTest, CreateFolderPathMakesEveryMissingParent) {
+  EXPECT_TRUE(checks_.CreateFolderPath("M:\\a\\b\\c"));
+  EXPECT_TRUE(fs::is_directory(scratch_.Path() / "a" / "b" / "c"));
+  EXPECT_TRUE(checks_.CreateFolderPath("M:\\a\\b"));
+
+  scratch_.Write("file", "");
+  EXPECT_FALSE(checks_.CreateFolderPath("M:\\file\\sub\\deeper"));
+  EXPECT_FALSE(checks_.CreateFolderPath("Q:\\nowhere"));
+}
+
+class SessionFileTest : public PageChecksTest {
+ protected:
+  SessionFileTest() {
+    scratch_.Write("Old.bvg", std::string("[GENERAL]\nAPPLICATION=") + kTitle +
+                                  "\nPROJECT=Q:\\Elsewhere\\Coil.vbp\nAUTHOR=Ann\n\n[END]\n");
+    form_.edFile = "M:\\Old.bvg";
+  }
+  bool Leave() { return checks_.SessionFileLeft(form_, {table_, files_}, changed_); }
+
+  vbrt::FileTable table_;
+  bool changed_ = false;
+};
+
+TEST_F(SessionFileTest, UnchangedSettingsLoadAtOnceEvenFromAnotherMachine) {
+  EXPECT_FALSE(Leave());
+  EXPECT_TRUE(prompter_.shown.empty());
+  // The project folder is missing here, and yet every key of the file is read.
+  EXPECT_EQ(form_.edLocation, "Q:\\Elsewhere\\Coil.vbp");
+  EXPECT_EQ(form_.theName, "Coil");
+  EXPECT_EQ(form_.theLocation, "");
+  EXPECT_EQ(form_.edAuthor, "Ann");
+  EXPECT_FALSE(changed_);
+}
+
+TEST_F(SessionFileTest, ChangedSettingsAskFirst) {
+  changed_ = true;
+  prompter_.Answer(MsgAnswer::Cancel);
+  EXPECT_TRUE(Leave());
+  prompter_.Answer(MsgAnswer::No);
+  EXPECT_FALSE(Leave());
+  EXPECT_EQ(form_.edAuthor, "");
+  EXPECT_TRUE(changed_);
+  ASSERT_EQ(prompter_.shown.size(), 2u);
+  EXPECT_EQ(prompter_.shown[0].text, "Load old Exploring Object Wizard saving ?");
+  EXPECT_EQ(prompter_.shown[0].buttons, MsgButtons::YesNoCancel);
+  EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Question);
+  EXPECT_EQ(prompter_.shown[0].title, kTitle);
+  prompter_.shown.clear();
+
+  prompter_.Answer(MsgAnswer::Yes);
+  EXPECT_FALSE(Leave());
+  EXPECT_EQ(form_.edAuthor, "Ann");
+  EXPECT_FALSE(changed_);
+}
+
+TEST_F(SessionFileTest, FailedLoadIsToldAndCountsAsLoaded) {
+  scratch_.Write("Other.bvg", "[GENERAL]\nAPPLICATION=Another wizard\n\n[END]\n");
+  form_.edFile = "M:\\Other.bvg";
+  changed_ = true;
+  prompter_.Answer(MsgAnswer::Yes);
+  EXPECT_FALSE(Leave());
+  EXPECT_EQ(prompter_.shown.size(), 2u);
+  EXPECT_EQ(prompter_.shown[1].text, "Error: Wrong Wizard generation saving file.");
+  EXPECT_EQ(prompter_.shown[1].icon, MsgIcon::Exclamation);
+  EXPECT_FALSE(changed_);
+}
+
+TEST_F(SessionFileTest, EmptyOrNewPathDoesNothing) {
+  changed_ = true;
+  for (const char* path : {"", "M:\\New.bvg"}) {
+    form_.edFile = path;
+    EXPECT_FALSE(Leave());
+  }
+  EXPECT_TRUE(prompter_.shown.empty());
+  EXPECT_TRUE(changed_);
+  EXPECT_FALSE(table_.IsOpen(1));
+}
+
+}  // namespace
+}  // namespace wizard

@@ -15,7 +15,8 @@ struct Point2 {
 
 // An edge as the application reports it: start and end point, the third point (the
 // arc's centre; for a straight edge any point) and the edge's own angle property
-// (exactly 0 for a straight edge).
+// (exactly 0 for a straight edge). An arc's angle is in radians, positive when the arc
+// turns counter-clockwise from start to end.
 struct EdgeGeometry {
   Point2 start;
   Point2 end;

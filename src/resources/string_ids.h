@@ -110,6 +110,10 @@ inline constexpr int kDataMissingBefore = 10610;
 inline constexpr int kDataMissingAfter = 10611;
 inline constexpr int kSketchMissingBefore = 10612;
 inline constexpr int kSketchMissingAfter = 10613;
+// Before + program's sessions folder + Middle + per-user sessions folder + After.
+inline constexpr int kSessionsFolderMovedBefore = 14000;
+inline constexpr int kSessionsFolderMovedMiddle = 14001;
+inline constexpr int kSessionsFolderMovedAfter = 14002;
 
 // Generation: progress window, questions and results.
 inline constexpr int kProgressCaption = 10015;

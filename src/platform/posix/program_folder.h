@@ -8,4 +8,8 @@ namespace platform {
 // current folder if the link cannot be read.
 std::filesystem::path ProgramFolder();
 
+// The user's own data folder of this program: $XDG_DATA_HOME/eowizard, or
+// ~/.local/share/eowizard when XDG_DATA_HOME is unset or not absolute. Nothing is created.
+std::filesystem::path UserDataFolder();
+
 }  // namespace platform

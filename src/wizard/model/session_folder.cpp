@@ -1,0 +1,40 @@
+#include "wizard/model/session_folder.h"
+
+#include "vbrt/error.h"
+
+namespace wizard {
+
+std::string JoinPath(std::string_view folder, std::string_view name) {
+  const bool windowsForm =
+      folder.find('\\') != std::string_view::npos && folder.find('/') == std::string_view::npos;
+  const char separator = windowsForm ? '\\' : '/';
+  std::string path(folder);
+  if (!path.empty() && path.back() != '\\' && path.back() != '/') path += separator;
+  path += name;
+  return path;
+}
+
+SessionsFolderChoice PrepareSessionsFolder(platform::FileSystem& fs, PageChecks& checks,
+                                     std::string_view programFolder,
+                                     std::string_view userDataFolder) {
+  const std::string beside = JoinPath(programFolder, kSessionsFolderName);
+  if (fs.FolderExists(beside)) return {beside, false, false};
+  try {
+    fs.CreateFolder(beside);
+    return {beside, false, true};
+  } catch (const vbrt::VbError&) {
+    // An installed program's folder is not the user's to write: keep sessions per user.
+  }
+  const std::string perUser = JoinPath(userDataFolder, kSessionsFolderName);
+  if (fs.FolderExists(perUser)) return {perUser, true, false};
+  return {perUser, true, checks.CreateFolderPath(perUser)};
+}
+
+std::string DefaultSessionFile(const platform::FileSystem& fs, std::string_view folder) {
+  for (long n = 1;; ++n) {
+    std::string path = JoinPath(folder, "Generation" + std::to_string(n) + ".bvg");
+    if (!fs.FileExists(path)) return path;
+  }
+}
+
+}  // namespace wizard

@@ -1,0 +1,475 @@
+#include "wizard/model/wizard_form.h"
+
+#include <array>
+#include <utility>
+
+#include "platform/path_parts.h"
+#include "resources/string_ids.h"
+#include "resources/string_table.h"
+#include "vbrt/compare.h"
+#include "vbrt/error.h"
+#include "wizard/model/session_folder.h"
+#include "wizard/model/wizard_connection.h"
+
+namespace wizard {
+namespace {
+
+using platform::MsgAnswer;
+using platform::MsgButtons;
+using platform::MsgIcon;
+using namespace resources;  // LoadResString and the string numbers
+
+// The help file lies two folders above the program folder; the topic is appended to the
+// program folder as it stands.
+constexpr std::array<std::string_view, kPageCount> kHelpTopics = {
+    "/../../Help/Bravant.chm::/HTML/Wizard.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardSavingFile.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardProject.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardProblemProperties.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardBasicFiles.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardInputs.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardOutputs.htm",
+    "/../../Help/Bravant.chm::/HTML/Wizard.htm",
+};
+
+struct Caption {
+  const char* control;
+  int text;
+};
+
+constexpr Caption kCaptions[] = {
+    {"frmWizard", kFormCaption},
+    {"btnHelp", kHelpButton},
+    {"btnCancel", kCancelButton},
+    {"btnBack", kBackButton},
+    {"btnNext", kNextButton},
+    {"btnFinish", kFinishButton},
+    {"lblIntro_Caption", kIntroHeading},
+    {"lblIntro(0)", kIntroText1},
+    {"lblIntro(1)", kIntroText2},
+    {"lblIntro(2)", kIntroText3},
+    {"lblIntro(3)", kIntroText4},
+    {"lblIntro(4)", kIntroText5},
+    {"lblSaving_Caption", kSavingHeading},
+    {"lblSaving_Caption2", kSavingExplanation},
+    {"lblSaving_File", kSavingFileLabel},
+    {"lblGeneral_Caption", kProjectHeading},
+    {"lblGeneral_Caption2", kProjectExplanation},
+    {"lblGeneral_Project", kProjectLocationLabel},
+    {"lblGeneral_Author", kAuthorLabel},
+    {"chkAsync", kAsyncCheck},
+    {"lblProblem_Caption", kProblemHeading},
+    {"lblProblem_Caption2", kProblemExplanation},
+    {"lblProblem_Type", kProblemTypeLabel},
+    {"lblProblem_Class", kProblemClassLabel},
+    {"lblProblem_Coord", kCoordinatesLabel},
+    {"lblProblem_Units", kLengthUnitsLabel},
+    {"lblData_Caption", kDataHeading},
+    {"lblData_Caption2", kDataExplanation},
+    {"lblData_ModelFile", kModelFileLabel},
+    {"optModelCode", kModelCodeOption},
+    {"optModelLink", kModelLinkOption},
+    {"lblData_DataFile", kDataFileLabel},
+    {"optDataCode", kDataCodeOption},
+    {"optDataLink", kDataLinkOption},
+    {"lblData_Sketch", kSketchFileLabel},
+    {"btnCreateSketch", kCreateSketchButton},
+    {"lblInput_Caption", kInputHeading},
+    {"lblInput_Caption2", kInputExplanation},
+    {"lblInput_List", kInputListLabel},
+    {"btnInputRemove", kInputRemoveButton},
+    {"lblOutput_Caption", kOutputHeading},
+    {"lblOutput_Caption2", kOutputExplanation},
+    {"lblOutput_List1", kOutputListLabel},
+    {"lblOutput_List2", kStandardListLabel},
+    {"btnOutputStandard", kOutputStandardButton},
+    {"btnOutputCustom", kOutputCustomButton},
+    {"btnOutputEdit", kOutputEditButton},
+    {"btnOutputRemove", kOutputRemoveButton},
+    {"lblFin_Caption", kFinishHeading},
+};
+
+// The controls in the order given, with tab indices 0, 1, 2, ...
+std::vector<TabStop> InOrder(std::initializer_list<const char*> controls) {
+  std::vector<TabStop> stops;
+  for (const char* control : controls) {
+    stops.push_back({control, static_cast<int>(stops.size())});
+  }
+  return stops;
+}
+
+std::string& TextOf(session::FormState& state, Field field) {
+  switch (field) {
+    case Field::File: return state.edFile;
+    case Field::Location: return state.edLocation;
+    case Field::Author: return state.edAuthor;
+    case Field::Model: return state.edModel;
+    case Field::Data: return state.edData;
+    case Field::Sketch: return state.edSketch;
+  }
+  return state.edAuthor;  // not reached: every field is listed above
+}
+
+Field FieldOf(Browse button) {
+  switch (button) {
+    case Browse::File: return Field::File;
+    case Browse::Location: return Field::Location;
+    case Browse::Model: return Field::Model;
+    case Browse::Data: return Field::Data;
+    case Browse::Sketch: return Field::Sketch;
+  }
+  return Field::File;  // not reached
+}
+
+// The hourglass for as long as the start-up runs, whichever way it ends.
+class BusyPointer {
+ public:
+  explicit BusyPointer(WizardView* view) : view_(view) {
+    if (view_) view_->SetBusy(true);
+  }
+  ~BusyPointer() {
+    if (view_) view_->SetBusy(false);
+  }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+ private:
+  WizardView* view_;
+};
+
+}  // namespace
+
+WizardForm::WizardForm(FormServices services)
+    : services_(std::move(services)),
+      checks_(services_.fs, services_.registry, services_.prompter) {
+  Load();
+}
+
+WizardForm::~WizardForm() { ReleaseZX(); }
+
+void WizardForm::AttachView(std::unique_ptr<WizardView> view) { view_ = std::move(view); }
+
+void WizardForm::Load() {
+  // FormState starts with the options of page 4 disabled and "from file" selected, and
+  // with the choice lists filled from the string table.
+  state_.SetFieldHandlers(&checks_);
+  state_.lvInput.Clear();
+  SetCaptions();
+  typeEditorItems_ = ListFrom(kInputTypeBase, kInputTypeCount);
+  finishText1_ = std::string(FindString(kFinishReady1).value_or(""));
+  finishText2_ = std::string(FindString(kFinishReady2).value_or(""));
+  finishIcon_ = "Information";
+}
+
+void WizardForm::SetCaptions() {
+  for (const Caption& caption : kCaptions) {
+    if (const auto text = FindString(caption.text)) captions_[caption.control] = *text;
+  }
+}
+
+bool WizardForm::InitWizard() {
+  try {
+    appTitle_ = LoadResString(kAppTitle);
+    longTitle_ = LoadResString(kLongTitle);
+    requiredVersion_ = LoadResString(kRequiredVersion);
+    lowestVersion_ = LoadResString(kLowestVersion);
+    const BusyPointer hourglass(view_.get());
+
+    const SessionsFolderChoice folder = PrepareSessionsFolder(
+        services_.fs, checks_, services_.programFolder, services_.userDataFolder);
+    sessionsFolder_ = folder.path;
+    if (folder.fellBack && folder.created) {
+      Tell(LoadResString(kSessionsFolderMovedBefore) +
+               JoinPath(services_.programFolder, kSessionsFolderName) +
+               LoadResString(kSessionsFolderMovedMiddle) + folder.path +
+               LoadResString(kSessionsFolderMovedAfter),
+           MsgIcon::Information, appTitle_);
+    }
+    state_.edFile = DefaultSessionFile(services_.fs, sessionsFolder_);
+
+    CurrentStep = 0;
+    for (session::ComboBox* combo :
+         {&state_.cmbType, &state_.cmbClass, &state_.cmbCoord, &state_.cmbUnit}) {
+      if (!combo->items.empty()) combo->SetListIndex(0);
+    }
+    // A second start-up of the same form keeps its placeholder row: two would make the
+    // first one look like a parameter.
+    const int rows = state_.lvInput.Count();
+    if (rows == 0 || state_.lvInput.Item(rows - 1).text != session::kNewInputText) {
+      state_.lvInput.Add(LoadResString(kNewInputRow));
+    }
+    InputCounter = 1;
+    RefreshStep();
+
+    if (view_) view_->ShowLaunchNotice(LoadResString(kLaunchCaption), LoadResString(kLaunchText));
+    try {
+      zx_ = services_.createAnalysis();
+    } catch (const std::exception&) {
+      zx_.reset();
+    }
+    if (!zx_) {
+      if (view_) view_->HideLaunchNotice();
+      Tell(LoadResString(kLaunchFailed), MsgIcon::Critical, appTitle_);
+      return false;
+    }
+    // Plain character-code order, not a parse of version numbers: "Zentrix 5.10" passes.
+    const std::string product = zx_->ProductName();
+    if (vbrt::CompareBinary(product, requiredVersion_) > 0 ||
+        vbrt::CompareBinary(product, lowestVersion_) < 0) {
+      ReleaseZX();
+      if (view_) view_->HideLaunchNotice();
+      Tell(LoadResString(kWrongVersion), MsgIcon::Exclamation, longTitle_);
+      return false;
+    }
+    if (view_) view_->HideLaunchNotice();
+    return true;
+  } catch (const std::exception& e) {
+    ReleaseZX();
+    if (view_) view_->HideLaunchNotice();
+    Tell(e.what(), MsgIcon::Exclamation, appTitle_);
+    return false;
+  }
+}
+
+void WizardForm::RefreshStep() {
+  backEnabled_ = true;
+  nextEnabled_ = true;
+  state_.btnFinishEnabled = !state_.theLocation.empty();
+  defaultButton_ = Button::Next;
+
+  switch (CurrentStep) {
+    case 0:
+      backEnabled_ = false;
+      tabOrder_ = InOrder({"btnNext", "btnFinish", "btnHelp", "btnCancel"});
+      break;
+    case 1:
+      tabOrder_ = InOrder({"edFile", "btnFile", "btnNext", "btnFinish", "btnHelp", "btnCancel"});
+      break;
+    case 2:
+      tabOrder_ = InOrder({"edLocation", "btnLocation", "edAuthor", "chkAsync", "btnNext",
+                           "btnFinish", "btnHelp", "btnCancel"});
+      break;
+    case 3:
+      tabOrder_ = InOrder({"cmbType", "cmbClass", "cmbCoord", "cmbUnit", "btnNext", "btnFinish",
+                           "btnHelp", "btnCancel"});
+      break;
+    case 4:
+      tabOrder_ = InOrder({"edModel", "btnModel", "optModelCode", "optModelLink", "edData",
+                           "btnData", "optDataCode", "optDataLink", "edSketch", "btnSketch",
+                           "btnCreateSketch", "btnNext", "btnFinish", "btnHelp", "btnCancel"});
+      break;
+    case 5:
+      // The page's other controls take indices 1 and 2.
+      tabOrder_ = {{"lvInput", 0}, {"btnNext", 3}, {"btnFinish", 4}, {"btnHelp", 5},
+                   {"btnCancel", 6}};
+      // Enter belongs to the list's in-place editors here.
+      defaultButton_ = Button::None;
+      break;
+    case 6:
+      tabOrder_ = InOrder({"btnOutputStandard", "lvStandard", "btnOutputCustom", "btnOutputEdit",
+                           "btnOutputRemove", "btnNext", "btnFinish", "btnHelp", "btnCancel",
+                           "lvOutput"});
+      break;
+    case 7:
+      nextEnabled_ = false;
+      if (state_.btnFinishEnabled) {
+        defaultButton_ = Button::Finish;
+        finishText1_ = LoadResString(kFinishReady1);
+        finishText2_ = LoadResString(kFinishReady2);
+        finishIcon_ = "Information";
+      } else {
+        finishText1_ = LoadResString(kFinishMissing1);
+        finishText2_ = LoadResString(kFinishMissing2);
+        finishIcon_ = "Exclamation";
+      }
+      tabOrder_ = InOrder({"btnFinish", "btnHelp", "btnCancel"});
+      break;
+    default:
+      break;
+  }
+  if (CurrentStep > 0) SettingsChanged = true;
+}
+
+FileDialogSetup WizardForm::BrowseSetup(Browse button) const {
+  FileDialogSetup setup;
+  if (button == Browse::Location) {
+    setup.fileName = state_.theName;
+    setup.initialFolder = state_.theLocation;
+    setup.filter = LoadResString(kProjectFilter);
+    setup.pathMustExist = true;
+    return setup;
+  }
+  const std::string& text = button == Browse::File     ? state_.edFile
+                            : button == Browse::Model  ? state_.edModel
+                            : button == Browse::Data   ? state_.edData
+                                                       : state_.edSketch;
+  const std::string parent = platform::ParentFolder(text);
+  const std::string& fallback =
+      button == Browse::File ? sessionsFolder_ : state_.theLocation;
+  setup.initialFolder = !parent.empty() && services_.fs.FolderExists(parent) ? parent : fallback;
+  setup.fileName = text;
+  switch (button) {
+    case Browse::File:
+      setup.filter = LoadResString(kSessionFilter);
+      break;
+    case Browse::Model:
+      setup.filter = LoadResString(kModelFilter);
+      break;
+    case Browse::Data:
+      // The filter table orders Current Flow before Stress Analysis, the type list the
+      // other way round; the crossing is kept.
+      setup.filter = FindString(kDataFilterBase + state_.cmbType.listIndex).value_or("");
+      break;
+    default:
+      setup.filter = LoadResString(kSketchFilter);
+      break;
+  }
+  setup.fileMustExist = button != Browse::File;
+  return setup;
+}
+
+void WizardForm::Next() {
+  if (nextEnabled_) ChangePage(+1);
+}
+
+void WizardForm::Back() {
+  if (backEnabled_) ChangePage(-1);
+}
+
+void WizardForm::ChangePage(int delta) {
+  CurrentStep = static_cast<int16_t>(CurrentStep + delta);
+  RefreshStep();
+  Repaint();
+}
+
+void WizardForm::Help() {
+  if (CurrentStep < 0 || CurrentStep >= kPageCount) return;
+  services_.help.ShowTopic(services_.programFolder + std::string(kHelpTopics[CurrentStep]));
+}
+
+bool WizardForm::Cancel() {
+  const MsgAnswer answer = services_.prompter.Show(
+      {LoadResString(kExitQuestion), MsgButtons::YesNo, MsgIcon::Question, appTitle_});
+  if (answer != MsgAnswer::Yes) return false;
+  if (!SaveSessionOrTell()) return false;
+  ReleaseZX();
+  Wizard* const addIn = AddIn;
+  if (!addIn) return false;
+  addIn->CloseMe();  // this form is gone from here on
+  return true;
+}
+
+bool WizardForm::Finish() {
+  if (!state_.btnFinishEnabled) return false;
+  if (!SaveSessionOrTell()) return false;
+  HideForm();
+  bool generated = false;
+  try {
+    generated = services_.generate(*this);
+  } catch (const vbrt::VbError& e) {
+    Tell(e.Description(), MsgIcon::Critical, appTitle_);
+  } catch (const std::exception& e) {
+    Tell(e.what(), MsgIcon::Critical, appTitle_);
+  }
+  Wizard* const addIn = AddIn;
+  if (generated && addIn) {
+    ReleaseZX();
+    addIn->CloseMe();  // this form is gone from here on
+    return true;
+  }
+  // The generator has told the user why; everything typed is still here.
+  ShowForm();
+  Repaint();
+  return false;
+}
+
+void WizardForm::TextEdited(Field field, std::string text) {
+  TextOf(state_, field) = std::move(text);
+}
+
+void WizardForm::FieldLeft(Field field) {
+  switch (field) {
+    case Field::File:
+      if (checks_.SessionFileLeft(state_, Io(), SettingsChanged) && view_) {
+        view_->FocusControl("edFile");
+      }
+      break;
+    case Field::Location:
+      checks_.LocationLeft(state_);
+      break;
+    case Field::Model:
+      checks_.ModelLeft(state_);
+      break;
+    case Field::Data:
+      checks_.DataLeft(state_);
+      break;
+    case Field::Sketch:
+      checks_.SketchLeft(state_);
+      break;
+    case Field::Author:
+      return;
+  }
+  Repaint();
+}
+
+void WizardForm::Browsed(Browse button, std::string path) {
+  const Field field = FieldOf(button);
+  TextEdited(field, std::move(path));
+  FieldLeft(field);
+}
+
+void WizardForm::ChoiceChanged(Choice choice, int16_t listIndex) {
+  switch (choice) {
+    case Choice::Type: state_.cmbType.SetListIndex(listIndex); break;
+    case Choice::Class: state_.cmbClass.SetListIndex(listIndex); break;
+    case Choice::Coord: state_.cmbCoord.SetListIndex(listIndex); break;
+    case Choice::Unit: state_.cmbUnit.SetListIndex(listIndex); break;
+  }
+}
+
+void WizardForm::AsyncChanged(bool checked) { state_.chkAsync.SetValue(checked ? 1 : 0); }
+
+void WizardForm::OptionChosen(Option option) {
+  switch (option) {
+    case Option::ModelCode:
+      if (state_.optModelCode.enabled) state_.SelectModelCase(true);
+      break;
+    case Option::ModelLink:
+      if (state_.optModelLink.enabled) state_.SelectModelCase(false);
+      break;
+    case Option::DataCode:
+      if (state_.optDataCode.enabled) state_.SelectDataCase(true);
+      break;
+    case Option::DataLink:
+      if (state_.optDataLink.enabled) state_.SelectDataCase(false);
+      break;
+  }
+  Repaint();
+}
+
+void WizardForm::ShowForm() {
+  if (view_) view_->ShowForm();
+}
+
+void WizardForm::HideForm() {
+  if (view_) view_->HideForm();
+}
+
+bool WizardForm::SaveSessionOrTell() {
+  std::string message;
+  if (session::SaveSession(state_, Io(), state_.edFile, message)) return true;
+  Tell(message, MsgIcon::Exclamation, appTitle_);
+  return false;
+}
+
+void WizardForm::Tell(const std::string& text, MsgIcon icon, const std::string& title) {
+  services_.prompter.Show({text, MsgButtons::OK, icon, title});
+}
+
+void WizardForm::ReleaseZX() { zx_.reset(); }
+
+void WizardForm::Repaint() {
+  if (view_) view_->Repaint();
+}
+
+}  // namespace wizard

@@ -1,0 +1,224 @@
+#pragma once
+// The wizard window without its widgets: the state the window shows and the handlers of
+// its buttons and fields. A view (the Qt window, or a test double) shows the state and
+// forwards the user's actions here; the form talks back through WizardView.
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/analysis_application.h"
+#include "platform/dev_environment.h"
+#include "platform/file_system.h"
+#include "platform/help_viewer.h"
+#include "platform/prompter.h"
+#include "platform/registry.h"
+#include "session/form_state.h"
+#include "session/session_file.h"
+#include "vbrt/file_table.h"
+#include "wizard/model/page_checks.h"
+
+namespace wizard {
+
+class Wizard;
+class WizardForm;
+
+inline constexpr int16_t kPageCount = 8;  // pages 0 (introduction) to 7 (finish)
+
+// What the form asks of the window that shows it. Every call comes from inside one of the
+// form's handlers, on the user-interface thread. The form owns its view and destroys it
+// when it unloads, which can happen inside a handler the view called (Cancel, Finish): a
+// view that is a widget must defer deleting itself to the event loop.
+class WizardView {
+ public:
+  virtual ~WizardView() = default;
+  // Shows the window modeless / hides it without closing it.
+  virtual void ShowForm() = 0;
+  virtual void HideForm() = 0;
+  // The start-up notice. It must be on the screen when ShowLaunchNotice returns: the
+  // analysis application starts right after and blocks the event loop meanwhile.
+  virtual void ShowLaunchNotice(const std::string& caption, const std::string& text) = 0;
+  virtual void HideLaunchNotice() = 0;
+  // The busy (hourglass) pointer over the window, on or off.
+  virtual void SetBusy(bool busy) = 0;
+  // Puts the keyboard focus into the control of that name (e.g. "edFile").
+  virtual void FocusControl(std::string_view control) = 0;
+  // The form's state changed: show it again (page, buttons, texts, lists).
+  virtual void Repaint() = 0;
+};
+
+// Creates the analysis application; nullptr (or a thrown error) when it cannot be started.
+using AnalysisFactory = std::function<std::unique_ptr<platform::AnalysisApplication>()>;
+// Generates the project of the form's settings; true on success. The real one runs the
+// generator with a progress window; it reads VBI, ZX() and State() of the form.
+using GenerationRunner = std::function<bool(WizardForm&)>;
+
+// The services a form works with. The references must outlive the form.
+struct FormServices {
+  platform::FileSystem& fs;
+  const platform::Registry& registry;
+  platform::Prompter& prompter;
+  platform::HelpViewer& help;
+  // The folder that holds the program file, in the form FileSystem takes; the sessions
+  // folder and the help file are found from here.
+  std::string programFolder;
+  // The per-user data folder that takes the sessions folder when the program folder
+  // cannot (created with its parents when missing).
+  std::string userDataFolder;
+  AnalysisFactory createAnalysis;
+  GenerationRunner generate;
+};
+
+enum class Button { None, Back, Next, Finish };
+
+// The text fields of pages 1, 2 and 4.
+enum class Field { File, Location, Author, Model, Data, Sketch };
+// The four choice lists of page 3.
+enum class Choice { Type, Class, Coord, Unit };
+// The option buttons of page 4.
+enum class Option { ModelCode, ModelLink, DataCode, DataLink };
+// The browse buttons of pages 1, 2 and 4.
+enum class Browse { File, Location, Model, Data, Sketch };
+
+// One entry of the tab order: the control's name and its tab index.
+struct TabStop {
+  std::string control;
+  int tabIndex = 0;
+};
+
+// How a browse button opens the open-file dialog.
+struct FileDialogSetup {
+  std::string initialFolder;  // "" = the dialog's own choice
+  std::string fileName;       // preset file name (may carry a folder)
+  std::string filter;         // "description|pattern|description|pattern..."
+  bool pathMustExist = false;
+  bool fileMustExist = false;
+};
+
+class WizardForm {
+ public:
+  // Runs the load handler: captions and lists from the string table, the options of
+  // page 4 disabled with "from file" selected, lvInput empty. No view yet.
+  explicit WizardForm(FormServices services);
+  // Unloading: releases ZX (errors ignored), then the view.
+  ~WizardForm();
+  WizardForm(const WizardForm&) = delete;
+  WizardForm& operator=(const WizardForm&) = delete;
+
+  // The window that shows this form; owned from here on.
+  void AttachView(std::unique_ptr<WizardView> view);
+
+  // Public fields that the add-in and the generator use.
+  platform::DevEnvironment* VBI = nullptr;  // set by the add-in before InitWizard
+  Wizard* AddIn = nullptr;                  // set by the add-in; closes the wizard
+  int16_t CurrentStep = 0;                  // page on view, 0 to 7
+  bool SettingsChanged = false;             // a page after the first has been on view
+  int16_t InputCounter = 0;                 // counts input parameters (1 after start-up)
+
+  // The analysis application, or nullptr before start-up and after release.
+  platform::AnalysisApplication* ZX() const { return zx_.get(); }
+
+  // The session record as the controls hold it (theLocation, theName, ... live here).
+  session::FormState& State() { return state_; }
+  const session::FormState& State() const { return state_; }
+  // The lost-focus checks of pages 1 to 4, as the session reader runs them too.
+  PageChecks& Checks() { return checks_; }
+  // How LoadSession / SaveSession reach files from this form.
+  session::SessionIo Io() { return {files_, services_.fs}; }
+
+  // Start-up, before the form is shown: titles, sessions folder and default session
+  // file, page 0, the launch notice while the analysis application starts, its version
+  // check. True when the form may be shown; false after telling the user why.
+  bool InitWizard();
+
+  // Brings buttons, default button, tab order and the finish page up to date for
+  // CurrentStep; marks the settings changed on every page after the first.
+  void RefreshStep();
+
+  // --- State for the view ---
+  // Caption of every captioned control by its name ("frmWizard" is the window title;
+  // "lblIntro(0)" to "lblIntro(4)" are the introduction's five labels).
+  const std::map<std::string, std::string>& Captions() const { return captions_; }
+  // Items of the input type editor of page 5.
+  const std::vector<std::string>& TypeEditorItems() const { return typeEditorItems_; }
+  bool BackEnabled() const { return backEnabled_; }
+  bool NextEnabled() const { return nextEnabled_; }
+  bool FinishEnabled() const { return state_.btnFinishEnabled; }
+  // The button that Enter presses; None on page 5 (Enter belongs to the list editors).
+  // It may be a disabled button (page 7 without a project location).
+  Button DefaultButton() const { return defaultButton_; }
+  // The current page's controls and buttons with their tab indices, by rising index.
+  const std::vector<TabStop>& TabOrder() const { return tabOrder_; }
+  // The finish page: its two texts and the name of its icon ("Information" or
+  // "Exclamation").
+  const std::string& FinishText1() const { return finishText1_; }
+  const std::string& FinishText2() const { return finishText2_; }
+  const std::string& FinishIcon() const { return finishIcon_; }
+  // The sessions folder InitWizard settled on ("" before start-up).
+  const std::string& SessionsFolder() const { return sessionsFolder_; }
+  // How the browse button opens its file dialog, from the field's current text.
+  FileDialogSetup BrowseSetup(Browse button) const;
+
+  // --- Events from the view ---
+  void Next();  // ignored while btnNext is disabled
+  void Back();  // ignored while btnBack is disabled
+  void Help();
+  // Both return true when the wizard was closed: the form no longer exists then and
+  // the caller must not touch it (nor the view it owned) again.
+  bool Cancel();
+  bool Finish();
+  // The user typed into a field; nothing is checked until the field is left.
+  void TextEdited(Field field, std::string text);
+  // The field lost the focus: its check runs (fields without one do nothing).
+  void FieldLeft(Field field);
+  // A file was chosen in the browse button's dialog: it goes into the field and the
+  // field's check runs, as if typed and left.
+  void Browsed(Browse button, std::string path);
+  void ChoiceChanged(Choice choice, int16_t listIndex);
+  void AsyncChanged(bool checked);
+  // An option button was clicked; ignored while it is disabled.
+  void OptionChosen(Option option);
+
+  // Shows / hides the window; the add-in's Show and Hide call these.
+  void ShowForm();
+  void HideForm();
+
+ private:
+  void Load();
+  void SetCaptions();
+  void ChangePage(int delta);
+  bool SaveSessionOrTell();
+  void Tell(const std::string& text, platform::MsgIcon icon, const std::string& title);
+  void ReleaseZX();
+  void Repaint();
+
+  FormServices services_;
+  session::FormState state_;
+  PageChecks checks_;
+  vbrt::FileTable files_;
+  std::unique_ptr<platform::AnalysisApplication> zx_;
+
+  std::string appTitle_;
+  std::string longTitle_;
+  std::string requiredVersion_;
+  std::string lowestVersion_;
+  std::string sessionsFolder_;
+
+  std::map<std::string, std::string> captions_;
+  std::vector<std::string> typeEditorItems_;
+  bool backEnabled_ = false;
+  bool nextEnabled_ = true;
+  Button defaultButton_ = Button::Next;
+  std::vector<TabStop> tabOrder_;
+  std::string finishText1_;
+  std::string finishText2_;
+  std::string finishIcon_;
+
+  // Declared last: the view goes first when the form unloads.
+  std::unique_ptr<WizardView> view_;
+};
+
+}  // namespace wizard

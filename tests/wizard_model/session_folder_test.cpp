@@ -1,0 +1,65 @@
+#include "wizard/model/session_folder.h"
+
+#include <gtest/gtest.h>
+
+#include "wizard_test_support.h"
+
+namespace wizard::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(SessionFolder, JoinsInTheFolderPathsOwnForm) {
+  EXPECT_EQ(JoinPath("C:\\Tools\\Wizard", "WizardSessions"), "C:\\Tools\\Wizard\\WizardSessions");
+  EXPECT_EQ(JoinPath("/opt/eow/bin", "WizardSessions"), "/opt/eow/bin/WizardSessions");
+  EXPECT_EQ(JoinPath("/opt/eow/bin/", "x.bvg"), "/opt/eow/bin/x.bvg");
+  EXPECT_EQ(JoinPath("C:\\", "x.bvg"), "C:\\x.bvg");
+}
+
+TEST_F(WizardTest, DefaultSessionIsTheFirstFreeNumber) {
+  const fs::path sessions = scratch_.Path() / "sessions";
+  for (const char* name : {"Generation1.bvg", "Generation2.bvg", "Generation5.bvg"}) {
+    scratch_.Write("sessions/" + std::string(name), "");
+  }
+  EXPECT_EQ(DefaultSessionFile(files_, sessions.string()),
+            (sessions / "Generation3.bvg").string());
+  EXPECT_EQ(DefaultSessionFile(files_, InScratch("empty")), InScratch("empty/Generation1.bvg"));
+}
+
+TEST_F(WizardTest, StartUpProposesTheFirstFreeSessionBesideTheProgram) {
+  for (const char* name : {"Generation1.bvg", "Generation2.bvg", "Generation5.bvg"}) {
+    scratch_.Write("bin/WizardSessions/" + std::string(name), "");
+  }
+  EXPECT_EQ(Start().State().edFile,
+            (ProgramFolder() / "WizardSessions" / "Generation3.bvg").string());
+}
+
+TEST_F(WizardTest, UnwritableProgramFolderMovesTheSessionsToTheUsersFolderOnce) {
+  // Running as root, no folder is read-only: a program "folder" below a regular file
+  // cannot take a subfolder either.
+  const fs::path regularFile = scratch_.Write("program.bin", "x");
+  programFolder_ = (regularFile / "bin").string();
+  const fs::path perUser = UserData() / "WizardSessions";
+
+  wizard_.AddinInstance_OnConnection(nullptr);
+  ASSERT_NE(wizard_.Form(), nullptr);
+  EXPECT_TRUE(fs::is_directory(perUser));
+  EXPECT_EQ(wizard_.Form()->SessionsFolder(), perUser.string());
+  EXPECT_EQ(wizard_.Form()->State().edFile, (perUser / "Generation1.bvg").string());
+  ASSERT_EQ(prompter_.shown.size(), 1u);
+  EXPECT_EQ(prompter_.shown[0].text, "Wizard sessions cannot be kept in '" + programFolder_ +
+                                         "/WizardSessions'. They are kept in '" +
+                                         perUser.string() + "' instead.");
+  EXPECT_EQ(prompter_.shown[0].icon, platform::MsgIcon::Information);
+
+  // The next start uses the per-user folder without a word.
+  wizard_.AddinInstance_OnDisconnection();
+  prompter_.shown.clear();
+  wizard_.AddinInstance_OnConnection(nullptr);
+  ASSERT_NE(wizard_.Form(), nullptr);
+  EXPECT_EQ(wizard_.Form()->SessionsFolder(), perUser.string());
+  EXPECT_TRUE(prompter_.shown.empty());
+}
+
+}  // namespace
+}  // namespace wizard::test

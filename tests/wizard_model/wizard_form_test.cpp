@@ -1,0 +1,394 @@
+#include "wizard/model/wizard_form.h"
+
+#include <fstream>
+#include <iterator>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "session/session_file.h"
+#include "wizard_test_support.h"
+
+namespace wizard::test {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::MsgAnswer;
+using platform::MsgButtons;
+using platform::MsgIcon;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr const char* kTitle = "Zentrix Bravant ExploringObject Wizard";
+constexpr const char* kLongTitle =
+    "Zentrix Parametric Bravant ExploringObject Wizard for Visual Basic";
+
+std::string ReadBytes(const std::string& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+std::vector<std::string> Names(const std::vector<TabStop>& stops) {
+  std::vector<std::string> names;
+  for (const TabStop& stop : stops) names.push_back(stop.control);
+  return names;
+}
+
+TEST_F(WizardTest, StartUpProposesTheFirstSessionAndShowsPageZero) {
+  WizardForm& form = Start();
+  const fs::path sessions = ProgramFolder() / "WizardSessions";
+  EXPECT_TRUE(fs::is_directory(sessions));
+  EXPECT_EQ(form.State().edFile, (sessions / "Generation1.bvg").string());
+  EXPECT_FALSE(fs::exists(sessions / "Generation1.bvg"));
+  EXPECT_EQ(form.CurrentStep, 0);
+  EXPECT_EQ(form.InputCounter, 1);
+  EXPECT_FALSE(form.SettingsChanged);
+  ASSERT_EQ(form.State().lvInput.Count(), 1);
+  EXPECT_EQ(form.State().lvInput.Item(0).text, "<new>");
+  EXPECT_EQ(form.State().cmbType.Text(), "Electrostatics");
+  EXPECT_EQ(form.State().cmbUnit.Text(), "Meters");
+  EXPECT_THAT(form.TypeEditorItems(),
+              ElementsAre("Geometrical", "Physical", "Postprocess", "Problem"));
+
+  EXPECT_EQ(form.Captions().at("frmWizard"), "Zentrix ExploringObject Wizard");
+  EXPECT_EQ(form.Captions().at("btnBack"), "< &Back");
+  EXPECT_EQ(form.Captions().at("lblIntro(2)"), " •   Problem data");
+  EXPECT_EQ(form.Captions().at("lblData_Caption"), "Model, Data && Sketch");
+  EXPECT_EQ(form.Captions().at("btnOutputStandard"), "<");
+
+  // The notice was up while the application started; neither it nor the hourglass stays.
+  EXPECT_EQ(view_.launchCaption, "Zentrix Bravant ExploringObject Wizard");
+  EXPECT_EQ(view_.launchText, "Zentrix is starting... Please wait...");
+  EXPECT_FALSE(view_.launchShown);
+  EXPECT_FALSE(view_.busy);
+  EXPECT_TRUE(analysisAlive_);
+  EXPECT_NE(form.ZX(), nullptr);
+}
+
+TEST_F(WizardTest, EveryPageHasItsButtonsDefaultAndTabOrder) {
+  WizardForm& form = Start();
+  GiveProject(form);
+
+  struct Expected {
+    bool back, next;
+    Button defaultButton;
+    std::vector<std::string> tabOrder;
+  };
+  const std::vector<std::string> buttons = {"btnNext", "btnFinish", "btnHelp", "btnCancel"};
+  auto with = [&](std::vector<std::string> own) {
+    own.insert(own.end(), buttons.begin(), buttons.end());
+    return own;
+  };
+  const Expected pages[kPageCount] = {
+      {false, true, Button::Next, buttons},
+      {true, true, Button::Next, with({"edFile", "btnFile"})},
+      {true, true, Button::Next, with({"edLocation", "btnLocation", "edAuthor", "chkAsync"})},
+      {true, true, Button::Next, with({"cmbType", "cmbClass", "cmbCoord", "cmbUnit"})},
+      {true, true, Button::Next,
+       with({"edModel", "btnModel", "optModelCode", "optModelLink", "edData", "btnData",
+             "optDataCode", "optDataLink", "edSketch", "btnSketch", "btnCreateSketch"})},
+      {true, true, Button::None, {"lvInput", "btnNext", "btnFinish", "btnHelp", "btnCancel"}},
+      {true, true, Button::Next,
+       {"btnOutputStandard", "lvStandard", "btnOutputCustom", "btnOutputEdit", "btnOutputRemove",
+        "btnNext", "btnFinish", "btnHelp", "btnCancel", "lvOutput"}},
+      {true, false, Button::Finish, {"btnFinish", "btnHelp", "btnCancel"}},
+  };
+  form.RefreshStep();
+  for (int page = 0; page < kPageCount; ++page) {
+    SCOPED_TRACE("page " + std::to_string(page));
+    EXPECT_EQ(form.CurrentStep, page);
+    EXPECT_EQ(form.BackEnabled(), pages[page].back);
+    EXPECT_EQ(form.NextEnabled(), pages[page].next);
+    EXPECT_TRUE(form.FinishEnabled());
+    EXPECT_EQ(form.DefaultButton(), pages[page].defaultButton);
+    EXPECT_EQ(Names(form.TabOrder()), pages[page].tabOrder);
+    form.Next();
+  }
+  // Next is disabled on the last page, Back on the first: the pages stay within 0 to 7.
+  EXPECT_EQ(form.CurrentStep, 7);
+  for (int i = 0; i < kPageCount + 1; ++i) form.Back();
+  EXPECT_EQ(form.CurrentStep, 0);
+}
+
+TEST_F(WizardTest, InputPageLeavesRoomForItsOwnControlsInTheTabOrder) {
+  WizardForm& form = Start();
+  for (int i = 0; i < 5; ++i) form.Next();
+  std::vector<int> indices;
+  for (const TabStop& stop : form.TabOrder()) indices.push_back(stop.tabIndex);
+  EXPECT_THAT(indices, ElementsAre(0, 3, 4, 5, 6));
+}
+
+TEST_F(WizardTest, SettingsCountAsChangedOnceAPageAfterTheFirstWasOnView) {
+  WizardForm& form = Start();
+  form.RefreshStep();
+  EXPECT_FALSE(form.SettingsChanged);
+  form.Next();
+  EXPECT_TRUE(form.SettingsChanged);
+  form.Back();
+  EXPECT_TRUE(form.SettingsChanged);
+}
+
+TEST_F(WizardTest, FinishPageTellsWhatIsMissingUntilAProjectIsGiven) {
+  WizardForm& form = Start();
+  for (int i = 0; i < 7; ++i) {
+    form.Next();
+    EXPECT_FALSE(form.FinishEnabled());
+  }
+  EXPECT_EQ(form.FinishText1(), "You must specify project name and location.");
+  EXPECT_EQ(form.FinishText2(),
+            "Input 'Project name and location' on 'General' page of this Wizard.");
+  EXPECT_EQ(form.FinishIcon(), "Exclamation");
+  EXPECT_EQ(form.DefaultButton(), Button::Next);
+  EXPECT_FALSE(form.Finish());  // a disabled button does nothing
+  EXPECT_EQ(generations_, 0);
+  EXPECT_TRUE(prompter_.shown.empty());
+
+  for (int i = 0; i < 5; ++i) form.Back();
+  GiveProject(form);
+  EXPECT_TRUE(form.FinishEnabled());
+  for (int i = 0; i < 5; ++i) form.Next();
+  EXPECT_EQ(form.FinishText1(),
+            "You have succesfully completed the Zentrix Bravant Exploring Object Wizard.");
+  EXPECT_EQ(form.FinishText2(),
+            "To close this wizard and create the Visual Basic project, click Finish.");
+  EXPECT_EQ(form.FinishIcon(), "Information");
+  EXPECT_EQ(form.DefaultButton(), Button::Finish);
+}
+
+TEST_F(WizardTest, CancelAnsweredNoChangesNothingAndYesSavesAndCloses) {
+  WizardForm& form = Start();
+  const std::string session = form.State().edFile;
+  form.TextEdited(Field::Author, "Ann Author");
+
+  prompter_.Answer(MsgAnswer::No);
+  EXPECT_FALSE(form.Cancel());
+  ASSERT_EQ(prompter_.shown.size(), 1u);
+  EXPECT_EQ(prompter_.shown[0].text, "Are you sure to exit ExploringObject Wizard?");
+  EXPECT_EQ(prompter_.shown[0].buttons, MsgButtons::YesNo);
+  EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Question);
+  EXPECT_EQ(prompter_.shown[0].title, kTitle);
+  EXPECT_EQ(wizard_.Form(), &form);
+  EXPECT_FALSE(fs::exists(session));
+
+  prompter_.Answer(MsgAnswer::Yes);
+  EXPECT_TRUE(form.Cancel());
+  EXPECT_EQ(wizard_.Form(), nullptr);
+  EXPECT_FALSE(wizard_.FormDisplayed);
+  EXPECT_TRUE(view_.viewDestroyed);
+  EXPECT_FALSE(analysisAlive_);
+  EXPECT_THAT(ReadBytes(session), HasSubstr("Ann Author"));
+}
+
+TEST_F(WizardTest, CancelThatCannotSaveTellsWhyAndStaysOpen) {
+  WizardForm& form = Start();
+  form.TextEdited(Field::File, InScratch("no such folder/s.bvg"));
+  prompter_.Answer(MsgAnswer::Yes);
+  EXPECT_FALSE(form.Cancel());
+  ASSERT_EQ(prompter_.shown.size(), 2u);
+  EXPECT_EQ(prompter_.shown[1].icon, MsgIcon::Exclamation);
+  EXPECT_EQ(prompter_.shown[1].title, kTitle);
+  EXPECT_FALSE(prompter_.shown[1].text.empty());
+  EXPECT_EQ(wizard_.Form(), &form);
+  EXPECT_TRUE(analysisAlive_);
+}
+
+TEST_F(WizardTest, SuccessfulFinishSavesGeneratesHiddenAndCloses) {
+  WizardForm& form = Start();
+  GiveProject(form);
+  for (int i = 0; i < 7; ++i) form.Next();
+  const std::string session = form.State().edFile;
+
+  EXPECT_TRUE(form.Finish());
+  EXPECT_EQ(generations_, 1);
+  EXPECT_FALSE(formShownWhileGenerating_);
+  EXPECT_EQ(generatedLocation_, scratch_.Path().string());
+  EXPECT_TRUE(fs::exists(session));
+  EXPECT_EQ(wizard_.Form(), nullptr);
+  EXPECT_FALSE(analysisAlive_);
+}
+
+TEST_F(WizardTest, FailedGenerationBringsTheSameWizardBackWithNothingLost) {
+  WizardForm& form = Start();
+  GiveProject(form);
+  form.TextEdited(Field::Author, "Ann Author");
+  form.ChoiceChanged(Choice::Type, 4);
+  for (int i = 0; i < 7; ++i) form.Next();
+  generationSucceeds_ = false;
+
+  EXPECT_FALSE(form.Finish());
+  EXPECT_EQ(generations_, 1);
+  EXPECT_FALSE(formShownWhileGenerating_);
+  EXPECT_EQ(wizard_.Form(), &form);
+  EXPECT_TRUE(view_.formShown);
+  EXPECT_EQ(form.CurrentStep, 7);
+  EXPECT_EQ(form.State().edAuthor, "Ann Author");
+  EXPECT_EQ(form.State().cmbType.listIndex, 4);
+  EXPECT_EQ(form.State().theName, "Coil");
+  EXPECT_TRUE(analysisAlive_);
+
+  // A generation that throws is told, and the wizard comes back the same way.
+  generationThrows_ = true;
+  EXPECT_FALSE(form.Finish());
+  ASSERT_EQ(prompter_.shown.size(), 1u);
+  EXPECT_EQ(prompter_.shown[0].text, "project folder vanished");
+  EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Critical);
+  EXPECT_EQ(wizard_.Form(), &form);
+  EXPECT_TRUE(view_.formShown);
+}
+
+TEST_F(WizardTest, FinishThatCannotSaveStaysOnTheFinishPage) {
+  WizardForm& form = Start();
+  GiveProject(form);
+  for (int i = 0; i < 7; ++i) form.Next();
+  form.TextEdited(Field::File, InScratch("no such folder/s.bvg"));
+  EXPECT_FALSE(form.Finish());
+  EXPECT_EQ(generations_, 0);
+  ASSERT_EQ(prompter_.shown.size(), 1u);
+  EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Exclamation);
+  EXPECT_TRUE(view_.formShown);
+  EXPECT_EQ(form.CurrentStep, 7);
+}
+
+TEST_F(WizardTest, AnalysisApplicationThatCannotStartStopsTheStartUp) {
+  for (const Launch launch : {Launch::Fails, Launch::Throws}) {
+    prompter_.shown.clear();
+    launch_ = launch;
+    wizard_.AddinInstance_OnConnection(nullptr);
+    EXPECT_EQ(wizard_.Form(), nullptr);
+    ASSERT_EQ(prompter_.shown.size(), 1u);
+    EXPECT_EQ(prompter_.shown[0].text, "Error launch Zentrix.");
+    EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Critical);
+    EXPECT_EQ(prompter_.shown[0].title, kTitle);
+    EXPECT_FALSE(view_.launchShown);
+    EXPECT_FALSE(view_.busy);
+  }
+}
+
+TEST_F(WizardTest, VersionIsCheckedInPlainStringOrder) {
+  for (const char* accepted : {"Zentrix 5.2", "Zentrix 5.10", "Zentrix 4.9"}) {
+    SCOPED_TRACE(accepted);
+    product_ = accepted;
+    wizard_.AddinInstance_OnConnection(nullptr);
+    EXPECT_NE(wizard_.Form(), nullptr);
+    EXPECT_TRUE(prompter_.shown.empty());
+    wizard_.AddinInstance_OnDisconnection();
+  }
+  for (const char* refused : {"Zentrix 5.3", "Zentrix 5.2.1", "zentrix 5.2"}) {
+    SCOPED_TRACE(refused);
+    prompter_.shown.clear();
+    product_ = refused;
+    wizard_.AddinInstance_OnConnection(nullptr);
+    EXPECT_EQ(wizard_.Form(), nullptr);
+    EXPECT_FALSE(analysisAlive_);
+    ASSERT_EQ(prompter_.shown.size(), 1u);
+    EXPECT_THAT(prompter_.shown[0].text,
+                HasSubstr("This version of Bravant must run with Zentrix 5.2."));
+    EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Exclamation);
+    EXPECT_EQ(prompter_.shown[0].title, kLongTitle);
+  }
+}
+
+class SessionFieldTest : public WizardTest {
+ protected:
+  // A session file whose author is "Saved Author".
+  std::string SavedSession() {
+    session::FormState saved;
+    saved.edAuthor = "Saved Author";
+    vbrt::FileTable files;
+    std::string message;
+    const std::string path = InScratch("saved.bvg");
+    EXPECT_TRUE(session::SaveSession(saved, {files, files_}, path, message)) << message;
+    return path;
+  }
+  void LeaveFileField(WizardForm& form, const std::string& path) {
+    form.TextEdited(Field::File, path);
+    form.FieldLeft(Field::File);
+  }
+};
+
+TEST_F(SessionFieldTest, UnchangedSettingsLoadWithoutAQuestion) {
+  WizardForm& form = Start();
+  const std::string path = SavedSession();
+  form.SettingsChanged = false;
+  LeaveFileField(form, path);
+  EXPECT_TRUE(prompter_.shown.empty());
+  EXPECT_EQ(form.State().edAuthor, "Saved Author");
+  EXPECT_FALSE(form.SettingsChanged);
+}
+
+TEST_F(SessionFieldTest, ChangedSettingsAskBeforeLoading) {
+  WizardForm& form = Start();
+  const std::string path = SavedSession();
+  form.Next();  // the session-file page: the settings count as changed now
+  form.TextEdited(Field::Author, "Typed Author");
+
+  prompter_.Answer(MsgAnswer::No);
+  LeaveFileField(form, path);
+  ASSERT_EQ(prompter_.shown.size(), 1u);
+  EXPECT_EQ(prompter_.shown[0].text, "Load old Exploring Object Wizard saving ?");
+  EXPECT_EQ(form.State().edAuthor, "Typed Author");
+  EXPECT_TRUE(form.SettingsChanged);
+
+  prompter_.Answer(MsgAnswer::Cancel);
+  LeaveFileField(form, path);
+  EXPECT_THAT(view_.focused, ElementsAre("edFile"));
+  EXPECT_EQ(form.State().edAuthor, "Typed Author");
+
+  prompter_.Answer(MsgAnswer::Yes);
+  LeaveFileField(form, path);
+  EXPECT_EQ(form.State().edAuthor, "Saved Author");
+  EXPECT_FALSE(form.SettingsChanged);
+}
+
+TEST_F(WizardTest, HelpShowsThePageTopicBesideTheProgramFolder) {
+  WizardForm& form = Start();
+  form.Help();
+  form.Next();
+  form.Help();
+  form.CurrentStep = 8;
+  form.Help();
+  const std::string program = ProgramFolder().string();
+  EXPECT_THAT(help_.topics,
+              ElementsAre(program + "/../../Help/Bravant.chm::/HTML/Wizard.htm",
+                          program + "/../../Help/Bravant.chm::/HTML/WizardSavingFile.htm"));
+}
+
+TEST_F(WizardTest, BrowseButtonsStartWhereTheFieldPointsOrFallBack) {
+  WizardForm& form = Start();
+  const FileDialogSetup file = form.BrowseSetup(Browse::File);
+  EXPECT_EQ(file.initialFolder, (ProgramFolder() / "WizardSessions").string());
+  EXPECT_EQ(file.filter, "Exploring Object Wizard saving files (*.bvg)|*.bvg");
+  EXPECT_FALSE(file.fileMustExist);
+
+  GiveProject(form);
+  form.TextEdited(Field::Model, "/no/such/folder/m.mod");
+  const FileDialogSetup model = form.BrowseSetup(Browse::Model);
+  EXPECT_EQ(model.initialFolder, scratch_.Path().string());
+  EXPECT_EQ(model.fileName, "/no/such/folder/m.mod");
+  EXPECT_TRUE(model.fileMustExist);
+
+  const FileDialogSetup location = form.BrowseSetup(Browse::Location);
+  EXPECT_EQ(location.fileName, "Coil");
+  EXPECT_EQ(location.initialFolder, scratch_.Path().string());
+  EXPECT_TRUE(location.pathMustExist);
+
+  // Stress Analysis offers the Current Flow filter and the other way round.
+  form.ChoiceChanged(Choice::Type, 4);
+  EXPECT_EQ(form.BrowseSetup(Browse::Data).filter, "ZX Data for Current Flow (*.dcf)|*.dcf");
+  form.ChoiceChanged(Choice::Type, 5);
+  EXPECT_EQ(form.BrowseSetup(Browse::Data).filter, "ZX Data for Stress Analysis (*.dsa)|*.dsa");
+}
+
+TEST_F(WizardTest, BrowsedFileRunsTheFieldCheck) {
+  WizardForm& form = Start();
+  const std::string model = scratch_.Write("m.mod", "x").string();
+  form.Browsed(Browse::Model, model);
+  EXPECT_EQ(form.State().edModel, model);
+  EXPECT_EQ(form.State().theModel, model);
+  EXPECT_TRUE(form.State().optModelLink.enabled);
+  form.OptionChosen(Option::ModelCode);  // never enabled by the wizard
+  EXPECT_EQ(form.State().ModelCase(), "Load");
+}
+
+}  // namespace
+}  // namespace wizard::test

@@ -1,0 +1,156 @@
+#pragma once
+// A wizard connected to test doubles: a scratch program folder, a view that records what
+// the form asked of it, a fake analysis application and a generation that answers as told.
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "../platform/scratch_folder.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/prompt/scripted_prompter.h"
+#include "platform/regfile/registry_files.h"
+#include "vbrt/error.h"
+#include "wizard/model/wizard_connection.h"
+#include "wizard/model/wizard_form.h"
+
+namespace wizard::test {
+
+// What the view was asked to do; outlives the view, which dies with its form.
+struct ViewLog {
+  bool formShown = false;
+  bool launchShown = false;
+  bool busy = false;
+  std::string launchCaption;
+  std::string launchText;
+  std::vector<std::string> focused;
+  int repaints = 0;
+  bool viewDestroyed = false;
+};
+
+class RecordingView : public WizardView {
+ public:
+  explicit RecordingView(ViewLog& log) : log_(log) {}
+  ~RecordingView() override { log_.viewDestroyed = true; }
+  void ShowForm() override { log_.formShown = true; }
+  void HideForm() override { log_.formShown = false; }
+  void ShowLaunchNotice(const std::string& caption, const std::string& text) override {
+    log_.launchShown = true;
+    log_.launchCaption = caption;
+    log_.launchText = text;
+  }
+  void HideLaunchNotice() override { log_.launchShown = false; }
+  void SetBusy(bool busy) override { log_.busy = busy; }
+  void FocusControl(std::string_view control) override { log_.focused.emplace_back(control); }
+  void Repaint() override { ++log_.repaints; }
+
+ private:
+  ViewLog& log_;
+};
+
+class RecordingHelp : public platform::HelpViewer {
+ public:
+  std::vector<std::string> topics;
+  void ShowTopic(std::string_view fileAndTopic) override { topics.emplace_back(fileAndTopic); }
+};
+
+class FakeAnalysis : public platform::AnalysisApplication {
+ public:
+  FakeAnalysis(std::string product, bool& alive) : product_(std::move(product)), alive_(alive) {
+    alive_ = true;
+  }
+  ~FakeAnalysis() override { alive_ = false; }
+  std::string ProductName() const override { return product_; }
+  std::unique_ptr<platform::BasicModel> OpenModel(std::string_view) override {
+    throw std::logic_error("no model in these tests");
+  }
+
+ private:
+  std::string product_;
+  bool& alive_;
+};
+
+class WizardTest : public testing::Test {
+ protected:
+  // How the next start of the analysis application goes.
+  enum class Launch { Starts, Fails, Throws };
+
+  WizardTest() { std::filesystem::create_directories(ProgramFolder()); }
+
+  std::filesystem::path ProgramFolder() const { return scratch_.Path() / "bin"; }
+  std::filesystem::path UserData() const { return scratch_.Path() / "user" / "eowizard"; }
+  std::string InScratch(const std::string& name) const {
+    return (scratch_.Path() / name).string();
+  }
+
+  FormServices Services() {
+    return FormServices{
+        files_,
+        registry_,
+        prompter_,
+        help_,
+        programFolder_.empty() ? ProgramFolder().string() : programFolder_,
+        UserData().string(),
+        [this]() -> std::unique_ptr<platform::AnalysisApplication> {
+          if (launch_ == Launch::Throws) throw std::runtime_error("cannot start");
+          if (launch_ == Launch::Fails) return nullptr;
+          return std::make_unique<FakeAnalysis>(product_, analysisAlive_);
+        },
+        [this](WizardForm& form) {
+          ++generations_;
+          if (generationThrows_) throw vbrt::VbError(76, "project folder vanished");
+          formShownWhileGenerating_ = view_.formShown;
+          generatedLocation_ = form.State().theLocation;
+          return generationSucceeds_;
+        }};
+  }
+
+  std::unique_ptr<WizardForm> MakeForm() {
+    ++formsMade_;
+    auto form = std::make_unique<WizardForm>(Services());
+    view_ = ViewLog{};
+    form->AttachView(std::make_unique<RecordingView>(view_));
+    return form;
+  }
+
+  // Connects the add-in and expects the wizard on view.
+  WizardForm& Start() {
+    wizard_.AddinInstance_OnConnection(nullptr);
+    EXPECT_NE(wizard_.Form(), nullptr) << "the wizard did not start";
+    EXPECT_TRUE(view_.formShown);
+    prompter_.shown.clear();
+    return *wizard_.Form();
+  }
+
+  // The project path of a project in the scratch folder, typed and left.
+  void GiveProject(WizardForm& form) {
+    form.TextEdited(Field::Location, InScratch("Coil.vbp"));
+    form.FieldLeft(Field::Location);
+  }
+
+  ScratchFolder scratch_;
+  platform::PosixFileSystem files_{platform::DriveMap{}};
+  platform::RegistryFiles registry_;
+  platform::ScriptedPrompter prompter_;
+  RecordingHelp help_;
+  std::string programFolder_;  // "" = ProgramFolder()
+
+  Launch launch_ = Launch::Starts;
+  std::string product_ = "Zentrix 5.2";
+  bool analysisAlive_ = false;
+
+  bool generationSucceeds_ = true;
+  bool generationThrows_ = false;
+  int generations_ = 0;
+  bool formShownWhileGenerating_ = false;
+  std::string generatedLocation_;
+
+  ViewLog view_;
+  int formsMade_ = 0;
+  Wizard wizard_{[this] { return MakeForm(); }, prompter_};
+};
+
+}  // namespace wizard::test

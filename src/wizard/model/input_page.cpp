@@ -1,0 +1,428 @@
+#include "wizard/model/input_page.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "resources/string_ids.h"
+#include "resources/string_table.h"
+#include "session/form_state.h"
+#include "vbrt/numbers.h"
+
+namespace wizard {
+namespace {
+
+using platform::Message;
+using platform::MsgAnswer;
+using platform::MsgButtons;
+using platform::MsgIcon;
+using resources::LoadResString;
+
+// Sub-items of lvInput.
+constexpr int kSubType = 1;
+constexpr int kSubVariable = 2;
+constexpr int kSubUnit = 3;
+constexpr int kSubMin = 4;
+constexpr int kSubMax = 5;
+constexpr int kSubDefault = 6;
+
+// The dialog offers the first three types only; "Problem" is reachable through lvCombo.
+constexpr int kDialogTypeOptions = 3;
+
+int SubItemOf(int column) { return column - 1; }
+
+// Where a limit column stands in Min <= Default <= Max.
+int Rank(int column) {
+  switch (column) {
+    case kColMin: return 0;
+    case kColDefault: return 1;
+    default: return 2;
+  }
+}
+
+int NotNumericMessage(int column) {
+  switch (column) {
+    case kColMin: return resources::kMinNotNumeric;
+    case kColMax: return resources::kMaxNotNumeric;
+    default: return resources::kDefaultNotNumeric;
+  }
+}
+
+// n when `name` is "p" followed by n in plain decimal (no sign, no leading zero) and n
+// does not exceed `limit`; 0 otherwise.
+int DefaultNameNumber(std::string_view name, int limit) {
+  if (name.size() < 2 || name.size() > 11 || name[0] != 'p' || name[1] == '0') return 0;
+  long long n = 0;
+  for (const char c : name.substr(1)) {
+    if (c < '0' || c > '9') return 0;
+    n = n * 10 + (c - '0');
+  }
+  return n <= limit ? static_cast<int>(n) : 0;
+}
+
+bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+}  // namespace
+
+InputPage::InputPage(session::ListView& lvInput, platform::Prompter& prompter)
+    : lvInput_(lvInput),
+      prompter_(prompter),
+      appTitle_(LoadResString(resources::kAppTitle)),
+      typeItems_(resources::ListFrom(resources::kInputTypeBase, resources::kInputTypeCount)) {}
+
+bool InputPage::IsParameter(int row) const { return row >= 0 && row < lvInput_.Count() - 1; }
+
+// --- Checks ---
+
+bool InputPage::ValidateDescription(std::string_view text, std::string& message) const {
+  return CheckDescription(text, editRow_, message);
+}
+
+bool InputPage::ValidateVariable(std::string_view text, std::string& message) const {
+  return CheckVariable(text, editRow_, message);
+}
+
+bool InputPage::CheckDescription(std::string_view text, int row, std::string& message) const {
+  if (row >= 0 && text == lvInput_.Item(row).text) return true;
+  int refusal = 0;
+  if (text.empty()) {
+    refusal = resources::kDescriptionEmpty;
+  } else if (vbrt::IsNumeric(text)) {
+    refusal = resources::kDescriptionNumeric;
+  } else {
+    // The placeholder counts too, so "<new>" is never a description.
+    const auto& items = lvInput_.Items();
+    const bool taken = std::any_of(items.begin(), items.end(), [&](const session::ListItem& item) {
+      return item.text == text;
+    });
+    if (taken) refusal = resources::kDescriptionNotUnique;
+  }
+  if (refusal == 0) return true;
+  message = LoadResString(refusal);
+  return false;
+}
+
+bool InputPage::CheckVariable(std::string_view text, int row, std::string& message) const {
+  if (row >= 0 && text == lvInput_.SubItem(row, kSubVariable)) return true;
+  int refusal = 0;
+  if (text.empty()) {
+    refusal = resources::kVariableEmpty;
+  } else if (!IsAsciiLetter(text[0])) {
+    // Only the first character is looked at; the rest may be anything.
+    refusal = resources::kVariableInvalid;
+  } else {
+    for (int i = 0; i < lvInput_.Count(); ++i) {
+      if (lvInput_.SubItem(i, kSubVariable) == text) {
+        refusal = resources::kVariableNotUnique;
+        break;
+      }
+    }
+  }
+  if (refusal == 0) return true;
+  message = LoadResString(refusal);
+  return false;
+}
+
+std::string InputPage::NextParameterName() const {
+  // Every row blocks at most two names, so one of the first 2 * rows + 1 is free.
+  const int limit = 2 * lvInput_.Count() + 1;
+  std::vector<bool> taken(static_cast<std::size_t>(limit) + 1, false);
+  for (int i = 0; i < lvInput_.Count(); ++i) {
+    taken[static_cast<std::size_t>(DefaultNameNumber(lvInput_.Item(i).text, limit))] = true;
+    taken[static_cast<std::size_t>(DefaultNameNumber(lvInput_.SubItem(i, kSubVariable), limit))] =
+        true;
+  }
+  int n = 1;
+  while (taken[static_cast<std::size_t>(n)]) ++n;
+  return "p" + std::to_string(n);
+}
+
+// --- In-place editing ---
+
+bool InputPage::AskToAddAt(int row) {
+  const Message question{LoadResString(resources::kAddParameterQuestion), MsgButtons::YesNo,
+                         MsgIcon::Question, appTitle_};
+  if (prompter_.Show(question) != MsgAnswer::Yes) return false;
+  const std::string name = NextParameterName();
+  lvInput_.Add(session::kNewInputText);
+  lvInput_.SetText(row, name);
+  lvInput_.SetSubItem(row, kSubType, typeItems_.front());
+  lvInput_.SetSubItem(row, kSubVariable, name);
+  lvInput_.SetSubItem(row, kSubUnit, "");
+  lvInput_.SetSubItem(row, kSubMin, "0");
+  lvInput_.SetSubItem(row, kSubMax, "10");
+  lvInput_.SetSubItem(row, kSubDefault, "1");
+  return true;
+}
+
+void InputPage::OpenEditor(int row, int column) {
+  editRow_ = row;
+  editor_.open = true;
+  editor_.row = row;
+  editor_.column = column;
+  editor_.kind = column == kColType ? EditorKind::Combo : EditorKind::Edit;
+  editor_.text = column == kColDescription ? lvInput_.Item(row).text
+                                           : lvInput_.SubItem(row, SubItemOf(column));
+  editor_.typeIndex = -1;
+  if (editor_.kind == EditorKind::Combo) {
+    // "Problem", "Postprocess", "Physical", "Geometrical": the list from its end.
+    for (int i = static_cast<int>(typeItems_.size()) - 1; i >= 0; --i) {
+      if (typeItems_[static_cast<std::size_t>(i)] == editor_.text) {
+        editor_.typeIndex = i;
+        break;
+      }
+    }
+  }
+}
+
+void InputPage::MoveEditor(int row, int column) {
+  if (!IsParameter(row) && !AskToAddAt(row)) row = editor_.row;
+  OpenEditor(row, column);
+}
+
+void InputPage::CloseEditor() {
+  editor_.open = false;
+  editRow_ = -1;
+}
+
+void InputPage::ClickCell(int row, int column) {
+  EditorLeft();
+  if (row < 0 || row >= lvInput_.Count() || column < kColDescription || column > kColDefault) {
+    return;
+  }
+  // The placeholder itself is never edited: it becomes a parameter first, or nothing opens.
+  if (!IsParameter(row) && !AskToAddAt(row)) return;
+  OpenEditor(row, column);
+}
+
+void InputPage::EditorTextChanged(std::string text) {
+  if (editor_.open && editor_.kind == EditorKind::Edit) editor_.text = std::move(text);
+}
+
+void InputPage::TypeChosen(int index) {
+  if (editor_.open && editor_.kind == EditorKind::Combo && index >= -1 &&
+      index < static_cast<int>(typeItems_.size())) {
+    editor_.typeIndex = index;
+  }
+}
+
+bool InputPage::CommitCell() {
+  if (!editor_.open) return false;
+  const int row = editor_.row;
+  std::string message;
+  switch (editor_.column) {
+    case kColDescription:
+      if (!CheckDescription(editor_.text, row, message)) break;
+      lvInput_.SetText(row, editor_.text);
+      return true;
+    case kColVariable:
+      if (!CheckVariable(editor_.text, row, message)) break;
+      SetVariable(row, editor_.text);
+      return true;
+    case kColUnit:
+      lvInput_.SetSubItem(row, kSubUnit, editor_.text);
+      return true;
+    case kColType:
+      // A cell whose text is none of the types keeps it until one is chosen.
+      if (editor_.typeIndex >= 0) {
+        lvInput_.SetSubItem(row, kSubType, typeItems_[static_cast<std::size_t>(editor_.typeIndex)]);
+      }
+      CloseEditor();
+      return true;
+    default:
+      return CommitNumber(editor_.text);
+  }
+  TellValidationError(message);
+  return false;
+}
+
+bool InputPage::CommitNumber(const std::string& text) {
+  const int column = editor_.column;
+  if (!vbrt::IsNumeric(text)) {
+    prompter_.Show({LoadResString(NotNumericMessage(column)), MsgButtons::OK, MsgIcon::None, ""});
+    return false;
+  }
+  const double value = vbrt::CDbl(text);
+  KeepOrdered(column, value);
+  lvInput_.SetSubItem(editor_.row, SubItemOf(column), vbrt::CStr(value));
+  return true;
+}
+
+void InputPage::KeepOrdered(int column, double value) {
+  for (const int other : {kColMin, kColMax, kColDefault}) {
+    if (other == column) continue;
+    const std::string& cell = lvInput_.SubItem(editor_.row, SubItemOf(other));
+    // A cell without a number (a hand-edited session) cannot be compared; it stays.
+    if (!vbrt::IsNumeric(cell)) continue;
+    const double current = vbrt::CDbl(cell);
+    const bool above = Rank(other) > Rank(column);
+    if (above ? current < value : current > value) {
+      lvInput_.SetSubItem(editor_.row, SubItemOf(other), vbrt::CStr(value));
+    }
+  }
+}
+
+void InputPage::SetVariable(int row, std::string variable) {
+  // A row made by the dialog is keyed by its variable; it stays so.
+  if (!lvInput_.Item(row).key.empty()) lvInput_.SetKey(row, variable);
+  lvInput_.SetSubItem(row, kSubVariable, std::move(variable));
+}
+
+void InputPage::KeyEnter(bool shift) {
+  if (!editor_.open) return;
+  const int row = editor_.row;
+  const int column = editor_.column;
+  if (!CommitCell()) return;
+  OpenEditor(row, std::clamp(column + (shift ? -1 : 1), int{kColDescription}, int{kColDefault}));
+}
+
+void InputPage::KeyEscape() { CloseEditor(); }
+
+void InputPage::KeyUp() {
+  if (!editor_.open || editor_.kind != EditorKind::Edit) return;
+  if (!CommitCell()) return;
+  MoveEditor(std::max(editor_.row - 1, 0), editor_.column);
+}
+
+void InputPage::KeyDown() {
+  if (!editor_.open || editor_.kind != EditorKind::Edit) return;
+  if (!CommitCell()) return;
+  MoveEditor(std::min(editor_.row + 1, lvInput_.Count() - 1), editor_.column);
+}
+
+bool InputPage::EditorLeft() {
+  if (!editor_.open) return false;
+  const bool stored = CommitCell();
+  CloseEditor();
+  return stored;
+}
+
+// --- Buttons ---
+
+void InputPage::AddClicked() {
+  EditorLeft();
+  OpenDialog(-1);
+}
+
+void InputPage::EditClicked() {
+  EditorLeft();
+  const int row = lvInput_.FirstSelected();
+  if (!IsParameter(row)) {
+    TellNoSelection();
+    return;
+  }
+  OpenDialog(row);
+}
+
+void InputPage::RemoveClicked() {
+  EditorLeft();
+  const int row = lvInput_.FirstSelected();
+  if (!IsParameter(row)) {
+    TellNoSelection();
+    return;
+  }
+  const Message question{resources::Compose(resources::kRemoveQuestionBefore,
+                                            lvInput_.Item(row).text,
+                                            resources::kRemoveQuestionAfter),
+                         MsgButtons::YesNo, MsgIcon::None, ""};
+  if (prompter_.Show(question) == MsgAnswer::Yes) lvInput_.Remove(row);
+}
+
+// --- dlgInput ---
+
+void InputPage::OpenDialog(int row) {
+  editRow_ = row;
+  dialog_ = InputDialog{};
+  dialog_.shown = true;
+  if (row >= 0) {
+    dialog_.edName = lvInput_.Item(row).text;
+    dialog_.edVariable = lvInput_.SubItem(row, kSubVariable);
+    dialog_.edUnit = lvInput_.SubItem(row, kSubUnit);
+    dialog_.edMin = lvInput_.SubItem(row, kSubMin);
+    dialog_.edMax = lvInput_.SubItem(row, kSubMax);
+    dialog_.edValue = lvInput_.SubItem(row, kSubDefault);
+    const std::string& type = lvInput_.SubItem(row, kSubType);
+    const auto offered = typeItems_.begin() + kDialogTypeOptions;
+    const auto found = std::find(typeItems_.begin(), offered, type);
+    dialog_.typeOption = found == offered ? -1 : static_cast<int>(found - typeItems_.begin());
+  }
+  dialog_.okEnabled = DialogInputsValid(dialog_.edName, dialog_.edVariable);
+}
+
+void InputPage::DialogEdited(InputField field, std::string text) {
+  if (!dialog_.shown) return;
+  switch (field) {
+    case InputField::Name: dialog_.edName = std::move(text); break;
+    case InputField::Variable: dialog_.edVariable = std::move(text); break;
+    case InputField::Unit: dialog_.edUnit = std::move(text); return;
+    case InputField::Min: dialog_.edMin = std::move(text); return;
+    case InputField::Max: dialog_.edMax = std::move(text); return;
+    case InputField::Value: dialog_.edValue = std::move(text); return;
+  }
+  dialog_.okEnabled = DialogInputsValid(dialog_.edName, dialog_.edVariable);
+}
+
+void InputPage::DialogTypeChosen(int option) {
+  if (dialog_.shown && option >= 0 && option < kDialogTypeOptions) dialog_.typeOption = option;
+}
+
+bool InputPage::DialogInputsValid(std::string_view name, std::string_view variable) const {
+  std::string message;
+  return CheckDescription(name, editRow_, message) && CheckVariable(variable, editRow_, message);
+}
+
+bool InputPage::NumberFieldsValid() {
+  const std::pair<const std::string*, int> fields[] = {
+      {&dialog_.edMin, kColMin}, {&dialog_.edMax, kColMax}, {&dialog_.edValue, kColDefault}};
+  for (const auto& [text, column] : fields) {
+    if (text->empty() || vbrt::IsNumeric(*text)) continue;
+    prompter_.Show({LoadResString(NotNumericMessage(column)), MsgButtons::OK, MsgIcon::None, ""});
+    return false;
+  }
+  return true;
+}
+
+bool InputPage::DialogAccept() {
+  if (!dialog_.shown || !DialogInputsValid(dialog_.edName, dialog_.edVariable)) return false;
+  if (!NumberFieldsValid()) return false;
+  int row = editRow_;
+  const std::string type =
+      dialog_.typeOption >= 0 ? typeItems_[static_cast<std::size_t>(dialog_.typeOption)]
+      : row >= 0             ? lvInput_.SubItem(row, kSubType)
+                             : typeItems_.front();
+  if (row >= 0 && lvInput_.SubItem(row, kSubVariable) != dialog_.edVariable) {
+    lvInput_.Remove(row);
+    row = -1;
+  }
+  if (row < 0) {
+    row = lvInput_.Add(dialog_.edName, dialog_.edVariable, {}, lvInput_.Count() - 1);
+  } else {
+    lvInput_.SetText(row, dialog_.edName);
+  }
+  lvInput_.SetSubItem(row, kSubType, type);
+  lvInput_.SetSubItem(row, kSubVariable, dialog_.edVariable);
+  lvInput_.SetSubItem(row, kSubUnit, dialog_.edUnit);
+  lvInput_.SetSubItem(row, kSubMin, dialog_.edMin.empty() ? "0" : dialog_.edMin);
+  lvInput_.SetSubItem(row, kSubMax, dialog_.edMax.empty() ? "10" : dialog_.edMax);
+  lvInput_.SetSubItem(row, kSubDefault, dialog_.edValue.empty() ? "1" : dialog_.edValue);
+  DialogCancel();
+  return true;
+}
+
+void InputPage::DialogCancel() {
+  dialog_.shown = false;
+  editRow_ = -1;
+}
+
+// --- Messages ---
+
+void InputPage::TellValidationError(const std::string& message) {
+  prompter_.Show({LoadResString(resources::kValidationErrorPrefix) + message, MsgButtons::OK,
+                  MsgIcon::Exclamation, appTitle_});
+}
+
+void InputPage::TellNoSelection() {
+  prompter_.Show({LoadResString(resources::kNoParameterSelected), MsgButtons::OK,
+                  MsgIcon::Exclamation, appTitle_});
+}
+
+}  // namespace wizard

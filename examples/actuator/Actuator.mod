@@ -1,0 +1,1 @@
+Basic model of the actuator: yoke, armature, coil and air gap.

@@ -1,0 +1,1 @@
+Basic model of the heater: plate, heating film, insulation.

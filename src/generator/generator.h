@@ -1,0 +1,91 @@
+#pragma once
+// The generation driver: turns the wizard's record into an ActiveX DLL project in the
+// development environment, saved as a project file, a class file and a module file in
+// the project's folder, with a files folder of working copies of the basic files beside.
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "generator/emitter.h"
+#include "generator/progress.h"
+#include "platform/analysis_application.h"
+#include "platform/dev_environment.h"
+#include "platform/file_system.h"
+#include "platform/prompter.h"
+#include "platform/registry.h"
+#include "session/form_state.h"
+
+namespace generator {
+
+class Generator : public Emitter {
+ public:
+  // The services of one run; not owned, they must outlive the generator. `application`
+  // may be null: then a record whose model is converted into code cannot be generated.
+  Generator(platform::DevEnvironment& environment, platform::AnalysisApplication* application,
+            platform::FileSystem& fs, const platform::Registry& registry,
+            platform::Prompter& prompter, ProgressSink& progress);
+
+  // Generates the project of `form` (writing form.FilesFolder). Asks before it reuses the
+  // files folder or overwrites a project, class or module file, and tells the user the
+  // outcome. True only when the whole project was generated and saved; on false no
+  // project of this run stays in the environment and no file of it stays on disk except
+  // the files folder and the basic files copied into it.
+  bool Generate(session::FormState& form);
+
+  // The files the last Generate wrote: the copied basic files, then (when it succeeded)
+  // the class, module and project file.
+  const std::vector<std::string>& WrittenFiles() const { return written_; }
+
+  // The GUID of the host's type library as the registry names it, "" when unregistered.
+  std::string FindHostTypeLibrary() const;
+
+  // Emitter: each line is appended to the class / module "Custom" of the project.
+  void AddClassLine(std::string_view text) override;
+  void AddModuleLine(std::string_view text) override;
+  // Adds `step` to the progress bar; a refused value is ignored.
+  void StepProgress(int step) override;
+
+ private:
+  struct Names {
+    std::string project;  // base names, without folder and extension
+    std::string classFile;
+    std::string module;
+  };
+
+  bool PrepareFilesFolder();
+  bool ChooseFileName(const char* extension, int questionText, std::string& name);
+  void CopyBasicFiles();
+  void CopyIfNeeded(const std::string& from, const std::string& to);
+  int16_t CountGeometricalInputs() const;
+  bool CreateProject();
+  bool SetUpProgress();
+  bool WriteSections();
+  void SaveAll();
+  std::string PathOf(const std::string& base, const char* extension) const;
+
+  platform::MsgAnswer Ask(const std::string& text);
+  void Tell(const std::string& text, platform::MsgIcon icon);
+  // Ends a failed run after the progress window was shown: tells `message` (critical),
+  // closes what this run opened, removes its project and the files it saved.
+  bool Abandon(const std::string& message);
+
+  platform::DevEnvironment& environment_;
+  platform::AnalysisApplication* application_;
+  platform::FileSystem& fs_;
+  const platform::Registry& registry_;
+  platform::Prompter& prompter_;
+  ProgressSink& progress_;
+
+  session::FormState* form_ = nullptr;
+  std::string title_;
+  Names names_;
+  platform::VBProject* project_ = nullptr;
+  platform::VBComponent* classComponent_ = nullptr;
+  platform::VBComponent* moduleComponent_ = nullptr;
+  std::unique_ptr<platform::BasicModel> model_;  // open while the run holds it
+  std::vector<std::string> saved_;    // project, class and module files saved by this run
+  std::vector<std::string> written_;
+};
+
+}  // namespace generator

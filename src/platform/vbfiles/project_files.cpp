@@ -1,0 +1,168 @@
+#include "platform/vbfiles/project_files.h"
+
+#include <cctype>
+#include <cerrno>
+#include <cstdio>
+#include <fstream>
+#include <system_error>
+
+#include "vbrt/error.h"
+
+namespace platform::vbfiles {
+namespace {
+
+constexpr std::string_view kCrLf = "\r\n";
+
+bool StartsWithRem(std::string_view line) {
+  std::size_t i = 0;
+  while (i < line.size() && (line[i] == ' ' || line[i] == '\t')) ++i;
+  if (line.size() - i < 3) return false;
+  for (std::size_t k = 0; k < 3; ++k) {
+    if (std::tolower(static_cast<unsigned char>(line[i + k])) != "rem"[k]) return false;
+  }
+  return line.size() == i + 3 || line[i + 3] == ' ' || line[i + 3] == '\t';
+}
+
+// The fixed compile settings of a new ActiveX DLL project, after its name and description.
+constexpr std::string_view kDllSettings =
+    "CompatibleMode=\"1\"\r\n"
+    "MajorVer=1\r\n"
+    "MinorVer=0\r\n"
+    "RevisionVer=0\r\n"
+    "AutoIncrementVer=0\r\n"
+    "ServerSupportFiles=0\r\n"
+    "VersionCompanyName=\"\"\r\n"
+    "CompilationType=0\r\n"
+    "OptimizationType=0\r\n"
+    "CodeViewDebugInfo=0\r\n"
+    "NoAliasing=0\r\n"
+    "BoundsCheck=0\r\n"
+    "OverflowCheck=0\r\n"
+    "FlPointCheck=0\r\n"
+    "FDIVCheck=0\r\n"
+    "UnroundedFP=0\r\n"
+    "StartMode=1\r\n"
+    "Unattended=0\r\n"
+    "Retained=0\r\n"
+    "ThreadPerObject=0\r\n"
+    "MaxNumberOfThreads=1\r\n"
+    "ThreadingModel=1\r\n"
+    "\r\n"
+    "[MS Transaction Server]\r\n"
+    "AutoRefresh=1\r\n";
+
+constexpr std::string_view kClassHeader =
+    "VERSION 1.0 CLASS\r\n"
+    "BEGIN\r\n"
+    "  MultiUse = -1  'True\r\n"
+    "  Persistable = 0  'NotPersistable\r\n"
+    "  DataBindingBehavior = 0  'vbNone\r\n"
+    "  DataSourceBehavior  = 0  'vbNone\r\n"
+    "  MTSTransactionMode  = 0  'NotAnMTSObject\r\n"
+    "END\r\n";
+
+void AppendLines(std::string& text, const std::vector<std::string>& lines) {
+  for (const std::string& line : lines) {
+    text += line;
+    text += kCrLf;
+  }
+}
+
+std::string AttributeName(std::string_view name) {
+  return "Attribute VB_Name = \"" + std::string(name) + "\"\r\n";
+}
+
+[[noreturn]] void FailWrite(const std::filesystem::path& target, const std::error_code& ec) {
+  int number = vbrt::kPathFileAccessError;
+  if (ec == std::errc::no_such_file_or_directory || ec == std::errc::not_a_directory) {
+    number = vbrt::kPathNotFound;
+  } else if (ec == std::errc::permission_denied || ec == std::errc::read_only_file_system) {
+    number = vbrt::kPermissionDenied;
+  } else if (ec == std::errc::no_space_on_device) {
+    number = vbrt::kDiskFull;
+  }
+  throw vbrt::VbError(number, "Cannot write '" + target.string() + "': " + ec.message());
+}
+
+}  // namespace
+
+std::string CloseOpenLiteral(std::string_view line) {
+  bool inString = false;
+  if (!StartsWithRem(line)) {
+    for (char c : line) {
+      if (c == '"') {
+        inString = !inString;
+      } else if (c == '\'' && !inString) {
+        break;
+      }
+    }
+  }
+  std::string stored(line);
+  if (inString) stored += '"';
+  return stored;
+}
+
+std::string ProjectFileText(const ProjectFile& project) {
+  std::string text = "Type=OleDll\r\n";
+  for (const TypeLibReference& ref : project.references) {
+    text += "Reference=*\\G" + ref.guid + "#" + std::to_string(ref.major) + "." +
+            std::to_string(ref.minor) + "#0#" + ref.path + "#" + ref.description + "\r\n";
+  }
+  for (const ComponentEntry& component : project.components) {
+    text += (component.isClass ? "Class=" : "Module=") + component.name + "; " +
+            component.file + "\r\n";
+  }
+  text += "Startup=\"(None)\"\r\n";
+  text += "Command32=\"\"\r\n";
+  text += "Name=\"" + project.name + "\"\r\n";
+  text += "HelpContextID=\"0\"\r\n";
+  text += "Description=\"" + project.description + "\"\r\n";
+  text += kDllSettings;
+  return text;
+}
+
+std::string ClassFileText(std::string_view name, const std::vector<std::string>& lines) {
+  std::string text(kClassHeader);
+  text += AttributeName(name);
+  text +=
+      "Attribute VB_GlobalNameSpace = False\r\n"
+      "Attribute VB_Creatable = True\r\n"
+      "Attribute VB_PredeclaredId = False\r\n"
+      "Attribute VB_Exposed = True\r\n";
+  AppendLines(text, lines);
+  return text;
+}
+
+std::string ModuleFileText(std::string_view name, const std::vector<std::string>& lines) {
+  std::string text = AttributeName(name);
+  AppendLines(text, lines);
+  return text;
+}
+
+void ReplaceFile(const std::filesystem::path& target, std::string_view bytes) {
+  std::filesystem::path temp = target;
+  temp += ".eow-tmp";
+  std::error_code ec;
+  {
+    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
+    if (!out) {
+      ec = std::error_code(errno ? errno : EACCES, std::generic_category());
+      FailWrite(target, ec);
+    }
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.flush();
+    if (!out) {
+      out.close();
+      std::filesystem::remove(temp, ec);
+      FailWrite(target, std::make_error_code(std::errc::no_space_on_device));
+    }
+  }
+  std::filesystem::rename(temp, target, ec);
+  if (ec) {
+    std::error_code ignored;
+    std::filesystem::remove(temp, ignored);
+    FailWrite(target, ec);
+  }
+}
+
+}  // namespace platform::vbfiles

@@ -1,0 +1,42 @@
+#pragma once
+// The development environment on Linux: an in-memory set of projects whose SaveAs
+// writes the files the environment itself writes for an ActiveX DLL project (.vbp, .cls,
+// .bas), in the ANSI code page with CR LF.
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/dev_environment.h"
+#include "platform/file_system.h"
+#include "platform/registry.h"
+
+namespace platform {
+
+class VbFilesEnvironment : public DevEnvironment {
+ public:
+  // Files are written through `fs`; the paths and descriptions of referenced type
+  // libraries are looked up in `registry` (HKCR\TypeLib\{guid}\<major.minor>). Both must
+  // outlive the environment.
+  VbFilesEnvironment(FileSystem& fs, const Registry& registry);
+  ~VbFilesEnvironment() override;
+
+  VBProjects& GetVBProjects() override;
+  // There are no windows to bring forward here.
+  void ActivateWindow(std::string_view) override {}
+
+  // Makes every later call of `operation` ("VBProjects.Add", "VBProject.SaveAs",
+  // "VBComponent.SaveAs", "References.AddFromGuid", "CodeModule.InsertLines",
+  // "VBComponents.Add", ...) fail with VbError(number, description), as a failing
+  // environment would.
+  void FailOperation(std::string operation, int number, std::string description);
+
+  class Projects;
+
+ private:
+  std::map<std::string, std::pair<int, std::string>, std::less<>> failures_;
+  std::unique_ptr<Projects> projects_;
+};
+
+}  // namespace platform

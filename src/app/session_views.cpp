@@ -1,0 +1,158 @@
+#include "app/session_views.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include "app/json_writer.h"
+#include "session/record_fields.h"
+
+namespace app {
+namespace {
+
+using session::Field;
+using session::FormState;
+
+// Keys whose values are integers in their section.
+bool IsGeneralInteger(std::string_view key) {
+  return key == "ASYNCHRONOUS" || key == "TYPE" || key == "CLASS" || key == "COORDINATES" ||
+         key == "UNITS";
+}
+
+// Display width in characters of UTF-8 text (continuation bytes take none).
+std::size_t Width(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  }));
+}
+
+// The text with control characters shown as "?", so that each row stays one line.
+std::string Printable(std::string_view text) {
+  std::string out(text);
+  for (char& c : out) {
+    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
+  }
+  return out;
+}
+
+// What a general value means, when that is not the value itself.
+std::string Meaning(const FormState& form, std::string_view key) {
+  const auto choice = [](const session::ComboBox& combo) {
+    return combo.listIndex < 0 ? std::string("(none selected)") : "(" + combo.Text() + ")";
+  };
+  if (key == "ASYNCHRONOUS") {
+    switch (form.chkAsync.value) {
+      case 0: return "(unchecked)";
+      case 1: return "(checked)";
+      case 2: return "(grayed)";
+    }
+    return "";
+  }
+  if (key == "TYPE") return choice(form.cmbType);
+  if (key == "CLASS") return choice(form.cmbClass);
+  if (key == "COORDINATES") return choice(form.cmbCoord);
+  if (key == "UNITS") return choice(form.cmbUnit);
+  return "";
+}
+
+void WriteTable(std::ostream& out, const std::vector<std::vector<std::string>>& rows) {
+  std::vector<std::size_t> widths(rows.front().size(), 0);
+  for (const auto& row : rows) {
+    for (std::size_t c = 0; c < row.size(); ++c) widths[c] = std::max(widths[c], Width(row[c]));
+  }
+  for (const auto& row : rows) {
+    std::string line = " ";
+    for (std::size_t c = 0; c < row.size(); ++c) {
+      line += ' ';
+      line += row[c];
+      if (c + 1 < row.size()) line.append(widths[c] - Width(row[c]) + 1, ' ');
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    out << line << '\n';
+  }
+}
+
+// The table of one list: a header of keys, then "#" and the fields of each row.
+template <typename FieldsOf>
+void WriteList(std::ostream& out, std::string_view title, int count, FieldsOf fieldsOf) {
+  out << '\n' << title << ": " << count << '\n';
+  if (count == 0) return;
+  std::vector<std::vector<std::string>> rows;
+  rows.reserve(static_cast<std::size_t>(count) + 1);
+  std::vector<std::string> header{"#"};
+  for (const Field& field : fieldsOf(0)) header.emplace_back(field.key);
+  rows.push_back(std::move(header));
+  for (int row = 0; row < count; ++row) {
+    std::vector<std::string> cells{std::to_string(row + 1)};
+    for (Field& field : fieldsOf(row)) cells.push_back(Printable(field.value));
+    rows.push_back(std::move(cells));
+  }
+  WriteTable(out, rows);
+}
+
+}  // namespace
+
+void WriteSessionListing(std::ostream& out, const FormState& form) {
+  out << "General\n";
+  std::vector<std::vector<std::string>> rows;
+  for (const Field& field : session::GeneralFields(form)) {
+    std::string value = Printable(field.value);
+    const std::string meaning = Meaning(form, field.key);
+    if (!meaning.empty()) value += " " + meaning;
+    rows.push_back({std::string(field.key), value});
+  }
+  WriteTable(out, rows);
+  WriteList(out, "Input parameters", form.InputCount(),
+            [&](int row) { return session::InputFields(form, row); });
+  WriteList(out, "Output parameters", form.lvOutput.Count(),
+            [&](int row) { return session::OutputFields(form, row); });
+}
+
+void WriteSessionJson(std::ostream& out, const FormState& form, bool result,
+                      const std::optional<std::string>& message) {
+  JsonWriter json(out);
+  json.BeginObject();
+  json.Key("result").Bool(result);
+  json.Key("message");
+  if (message) {
+    json.String(*message);
+  } else {
+    json.Null();
+  }
+  for (const Field& field : session::GeneralFields(form)) {
+    json.Key(field.key);
+    if (IsGeneralInteger(field.key)) {
+      json.Int(std::stoll(field.value));
+    } else {
+      json.String(field.value);
+    }
+  }
+  json.Key("INPUT").BeginArray();
+  for (int row = 0; row < form.InputCount(); ++row) {
+    json.BeginObject();
+    for (const Field& field : session::InputFields(form, row)) json.Key(field.key).String(field.value);
+    json.EndObject();
+  }
+  json.EndArray();
+  json.Key("OUTPUT").BeginArray();
+  for (int row = 0; row < form.lvOutput.Count(); ++row) {
+    json.BeginObject();
+    for (const Field& field : session::OutputFields(form, row)) {
+      json.Key(field.key);
+      if (field.key == "ICON") {
+        if (const auto icon = form.lvOutput.Item(row).smallIcon) {
+          json.Int(*icon);
+        } else {
+          json.Null();
+        }
+      } else {
+        json.String(field.value);
+      }
+    }
+    json.EndObject();
+  }
+  json.EndArray();
+  json.EndObject();
+}
+
+}  // namespace app

@@ -1,0 +1,183 @@
+#include "session/record_check.h"
+
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+#include "resources/string_ids.h"
+#include "resources/string_table.h"
+#include "vbrt/numbers.h"
+
+namespace session {
+namespace {
+
+// Length of a character that ends a line somewhere (C0 controls but the tab, DEL, NEL,
+// the Unicode line and paragraph separators) at `i`, or 0.
+std::size_t LineBreakAt(std::string_view text, std::size_t i) {
+  const auto byte = static_cast<unsigned char>(text[i]);
+  if ((byte < 0x20 && byte != '\t') || byte == 0x7F) return 1;
+  const std::string_view rest = text.substr(i);
+  if (rest.starts_with("\xC2\x85")) return 2;
+  if (rest.starts_with("\xE2\x80\xA8") || rest.starts_with("\xE2\x80\xA9")) return 3;
+  return 0;
+}
+
+bool HasLineBreak(std::string_view text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (LineBreakAt(text, i) != 0) return true;
+  }
+  return false;
+}
+
+// The text in quotes for a one-line report, line breaks shown as "?".
+std::string Quoted(std::string_view text) {
+  std::string out = "\"";
+  for (std::size_t i = 0; i < text.size();) {
+    if (const std::size_t length = LineBreakAt(text, i); length != 0) {
+      out += '?';
+      i += length;
+    } else {
+      out += text[i++];
+    }
+  }
+  return out + "\"";
+}
+
+class Checker {
+ public:
+  explicit Checker(const FormState& form) : form_(form) {}
+
+  std::vector<std::string> Run() {
+    General();
+    Inputs();
+    Outputs();
+    return std::move(problems_);
+  }
+
+ private:
+  void Add(const std::string& where, const std::string& what) {
+    problems_.push_back(where + ": " + what);
+  }
+
+  // Generated code holds these texts inside string literals.
+  void Literal(const std::string& where, std::string_view name, std::string_view text) {
+    if (text.find('"') != std::string_view::npos) {
+      Add(where, std::string(name) + " " + Quoted(text) +
+                     " holds a double quote, which would end a string in the generated code");
+    }
+    OneLine(where, name, text);
+  }
+
+  // Every inserted text must stay on its generated line.
+  void OneLine(const std::string& where, std::string_view name, std::string_view text) {
+    if (HasLineBreak(text)) {
+      Add(where, std::string(name) + " " + Quoted(text) +
+                     " holds a line break or control character, which would break the "
+                     "generated code");
+    }
+  }
+
+  void Selected(const ComboBox& combo, std::string_view key, std::string_view what) {
+    if (combo.listIndex < 0) Add(std::string(key), "no " + std::string(what) + " is selected");
+  }
+
+  void General() {
+    if (form_.edLocation.empty()) Add("PROJECT", "the project path is empty");
+    Literal("PROJECT", "the path", form_.edLocation);
+    Literal("AUTHOR", "the author", form_.edAuthor);
+    Selected(form_.cmbType, "TYPE", "problem type");
+    Selected(form_.cmbClass, "CLASS", "problem class");
+    Selected(form_.cmbCoord, "COORDINATES", "coordinate system");
+    Selected(form_.cmbUnit, "UNITS", "length unit");
+  }
+
+  void Inputs() {
+    std::unordered_set<std::string> types;
+    for (int i = 0; i < resources::kInputTypeCount; ++i) {
+      if (const auto text = resources::FindString(resources::kInputTypeBase + i)) {
+        types.emplace(*text);
+      }
+    }
+    std::unordered_set<std::string> descriptions{kNewInputText};
+    std::unordered_set<std::string> variables;
+    const ListView& list = form_.lvInput;
+    for (int row = 0; row < form_.InputCount(); ++row) {
+      const std::string& description = list.Item(row).text;
+      const std::string where = "Input " + std::to_string(row + 1) + " " + Quoted(description);
+      if (description.empty()) {
+        Add(where, "the description is empty");
+      } else if (vbrt::IsNumeric(description)) {
+        Add(where, "the description is a number");
+      } else if (!descriptions.insert(description).second) {
+        Add(where, "the description is not unique");
+      }
+      Literal(where, "the description", description);
+
+      const std::string& type = list.SubItem(row, 1);
+      if (!types.contains(type)) Add(where, "unknown parameter type " + Quoted(type));
+
+      const std::string& variable = list.SubItem(row, 2);
+      if (variable.empty()) {
+        Add(where, "the variable is empty");
+      } else if (const char first = variable.front();
+                 !((first >= 'a' && first <= 'z') || (first >= 'A' && first <= 'Z'))) {
+        Add(where, "the variable " + Quoted(variable) + " does not begin with a letter");
+      } else if (!variables.insert(variable).second) {
+        Add(where, "the variable " + Quoted(variable) + " is not unique");
+      }
+      Literal(where, "the variable", variable);
+      Literal(where, "the unit", list.SubItem(row, 3));
+      Limits(where, list.SubItem(row, 4), list.SubItem(row, 5), list.SubItem(row, 6));
+    }
+  }
+
+  void Limits(const std::string& where, const std::string& min, const std::string& max,
+              const std::string& defaultValue) {
+    bool numeric = true;
+    for (const auto& [name, text] : {std::pair<const char*, const std::string&>{"MIN", min},
+                                     {"MAX", max},
+                                     {"DEFAULT", defaultValue}}) {
+      if (!vbrt::IsNumeric(text)) {
+        Add(where, std::string(name) + " " + Quoted(text) + " is not a number");
+        numeric = false;
+      }
+    }
+    if (!numeric) return;
+    const double low = vbrt::CDbl(min);
+    const double high = vbrt::CDbl(max);
+    const double value = vbrt::CDbl(defaultValue);
+    if (low > high) {
+      Add(where, "MIN " + min + " is greater than MAX " + max);
+    } else if (value < low || value > high) {
+      Add(where, "DEFAULT " + defaultValue + " lies outside MIN " + min + " to MAX " + max);
+    }
+  }
+
+  void Outputs() {
+    std::unordered_set<std::string> descriptions;
+    const ListView& list = form_.lvOutput;
+    for (int row = 0; row < list.Count(); ++row) {
+      const std::string& description = list.Item(row).text;
+      const std::string where = "Output " + std::to_string(row + 1) + " " + Quoted(description);
+      if (description.empty()) {
+        Add(where, "the description is empty");
+      } else if (!descriptions.insert(description).second) {
+        Add(where, "the description is not unique");
+      }
+      Literal(where, "the description", description);
+      const std::string& value = list.SubItem(row, 1);
+      if (value.empty()) Add(where, "the result expression (VALUE) is empty");
+      // The expression is code, so a double quote in it is the user's own string literal.
+      OneLine(where, "the result expression", value);
+    }
+  }
+
+  const FormState& form_;
+  std::vector<std::string> problems_;
+};
+
+}  // namespace
+
+std::vector<std::string> CheckRecord(const FormState& form) { return Checker(form).Run(); }
+
+}  // namespace session

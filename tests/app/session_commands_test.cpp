@@ -1,0 +1,143 @@
+// `eowizard session ...` run as a user runs it: exit codes, standard output and errors.
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Read(const fs::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+class SessionCommandsTest : public ::testing::Test {
+ protected:
+  SessionCommandsTest()
+      : dir_(fs::temp_directory_path() / ("eow_app_" + std::to_string(::getpid()) + "_" +
+                                          ::testing::UnitTest::GetInstance()
+                                              ->current_test_info()
+                                              ->name())) {
+    fs::create_directories(dir_);
+  }
+  ~SessionCommandsTest() override { fs::remove_all(dir_); }
+
+  // Runs eowizard with `arguments` (shell words) from the examples folder; fills out_
+  // and err_ and returns the exit code.
+  int Run(const std::string& arguments) {
+    const std::string command = "cd '" EOW_EXAMPLES_DIR "' && '" EOWIZARD_EXE "' " + arguments +
+                                " </dev/null >'" + (dir_ / "out").string() + "' 2>'" +
+                                (dir_ / "err").string() + "'";
+    const int status = std::system(command.c_str());
+    out_ = Read(dir_ / "out");
+    err_ = Read(dir_ / "err");
+    return WEXITSTATUS(status);
+  }
+
+  std::string Path(const std::string& name) const { return (dir_ / name).string(); }
+
+  fs::path dir_;
+  std::string out_;
+  std::string err_;
+};
+
+const std::string kDrive = "--drive C=coil/drive_c";
+
+TEST_F(SessionCommandsTest, ShowListsTheExample) {
+  ASSERT_EQ(Run("session show " + kDrive + " coil/Coil.bvg"), 0) << err_;
+  EXPECT_EQ(err_, "");
+  EXPECT_NE(out_.find("  TYPE          1 (Magnetostatics)\n"), std::string::npos) << out_;
+  EXPECT_NE(out_.find("  1  Coil radius  Geometrical  R         mm    1    20   5\n"),
+            std::string::npos)
+      << out_;
+}
+
+TEST_F(SessionCommandsTest, ShowPassesOnTheWizardsNoticesAboutMissingFiles) {
+  ASSERT_EQ(Run("session show coil/Coil.bvg"), 0) << err_;
+  EXPECT_NE(err_.find("Model file 'C:\\Models\\Coil\\coil.mod' does not exist."),
+            std::string::npos)
+      << err_;
+}
+
+TEST_F(SessionCommandsTest, ShowTellsWhyALoadFailed) {
+  EXPECT_EQ(Run("session show no-such.bvg"), 1);
+  EXPECT_EQ(out_, "");
+  EXPECT_EQ(err_,
+            "eowizard: Error: Cannt open generation file 'no-such.bvg' for reading\n"
+            "eowizard: there is no file 'no-such.bvg'\n");
+
+  std::ofstream(Path("cut.bvg"), std::ios::binary) << "[GENERAL]\r\nAUTHOR=x\r\n\r\n";
+  EXPECT_EQ(Run("session show '" + Path("cut.bvg") + "'"), 1);
+  EXPECT_NE(err_.find("is not a complete session file"), std::string::npos) << err_;
+}
+
+TEST_F(SessionCommandsTest, JsonIsPrintedAfterAFailedLoadToo) {
+  std::ofstream(Path("bad.bvg"), std::ios::binary)
+      << "[OUTPUT]\r\nDESCRIPTION=Fl\xFC" "x\r\nICON=\r\n\r\n[END]\r\n";
+  EXPECT_EQ(Run("session show --json '" + Path("bad.bvg") + "'"), 1);
+  EXPECT_NE(out_.find("\"result\": false,\n  \"message\": \"Error loading data from generation "
+                      "file\",\n"),
+            std::string::npos)
+      << out_;
+  EXPECT_NE(out_.find("\"DESCRIPTION\": \"Fl\\u00fcx\",\n      \"KEY\": \"\",\n      \"ICON\": "
+                      "null,"),
+            std::string::npos)
+      << out_;
+}
+
+TEST_F(SessionCommandsTest, CheckReportsProblemsAndUnreadableFiles) {
+  EXPECT_EQ(Run("session check " + kDrive + " coil/Coil.bvg"), 0) << out_ << err_;
+  EXPECT_EQ(out_, "coil/Coil.bvg: no problems found\n");
+
+  std::ofstream(Path("odd.bvg"), std::ios::binary)
+      << "[GENERAL]\r\nPROJECT=" << Path("Odd.vbp") << "\r\n\r\n[INPUT]\r\nDESCRIPTION=Gap\r\n"
+      << "TYPE=Physical\r\nVARIABLE=g\r\nMIN=3\r\nMAX=1\r\nDEFAULT=2\r\n\r\n[END]\r\n";
+  EXPECT_EQ(Run("session check '" + Path("odd.bvg") + "'"), 1);
+  EXPECT_EQ(out_, "Input 1 \"Gap\": MIN 3 is greater than MAX 1\n" + Path("odd.bvg") +
+                      ": 1 problem\n");
+
+  EXPECT_EQ(Run("session check '" + dir_.string() + "'"), 2);
+  EXPECT_NE(err_.find("is a folder, not a session file"), std::string::npos) << err_;
+}
+
+TEST_F(SessionCommandsTest, RewriteSavesAsTheWizardDoes) {
+  ASSERT_EQ(Run("session rewrite " + kDrive + " coil/Coil.bvg '" + Path("copy.bvg") + "'"), 0)
+      << err_;
+  EXPECT_EQ(Read(Path("copy.bvg")), Read(fs::path(EOW_EXAMPLES_DIR) / "coil" / "Coil.bvg"));
+
+  std::ofstream(Path("file")) << "a regular file";
+  EXPECT_EQ(Run("session rewrite " + kDrive + " coil/Coil.bvg '" + Path("file") + "/x.bvg'"), 1);
+  EXPECT_EQ(err_, "eowizard: Error: Cann't open generation file '" + Path("file") +
+                      "/x.bvg' for writing\n");
+}
+
+TEST_F(SessionCommandsTest, WrongSharedOptionsAreNamed) {
+  EXPECT_EQ(Run("session show --drive Q coil/Coil.bvg"), 2);
+  EXPECT_NE(err_.find("'Q'"), std::string::npos) << err_;
+  EXPECT_EQ(Run("session show --codepage NO-SUCH-PAGE coil/Coil.bvg"), 2);
+  EXPECT_NE(err_.find("--codepage"), std::string::npos) << err_;
+  EXPECT_EQ(Run("session show --registry /no/such.reg coil/Coil.bvg"), 2);
+  EXPECT_NE(err_.find("/no/such.reg"), std::string::npos) << err_;
+}
+
+TEST_F(SessionCommandsTest, CodePageOptionChangesTheFileBytes) {
+  std::ofstream(Path("latin.bvg"), std::ios::binary)
+      << "[GENERAL]\r\nAUTHOR=\xC4\r\n\r\n[END]\r\n";
+  ASSERT_EQ(Run("session rewrite --codepage CP437 '" + Path("latin.bvg") + "' '" +
+                Path("dos.bvg") + "'"),
+            0)
+      << err_;
+  // 0xC4 is a box-drawing character in code page 437, written back as the same byte.
+  EXPECT_NE(Read(Path("dos.bvg")).find("\r\nAUTHOR=\xC4\r\n"), std::string::npos);
+  ASSERT_EQ(Run("session show --json --codepage CP437 '" + Path("latin.bvg") + "'"), 0);
+  EXPECT_NE(out_.find("\"AUTHOR\": \"\\u2500\""), std::string::npos) << out_;
+}
+
+}  // namespace

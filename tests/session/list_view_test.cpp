@@ -1,0 +1,86 @@
+#include "session/list_view.h"
+
+#include <chrono>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "vbrt/error.h"
+
+namespace session {
+namespace {
+
+int ErrorOf(auto&& action) {
+  try {
+    action();
+  } catch (const vbrt::VbError& e) {
+    return e.Number();
+  }
+  return 0;
+}
+
+TEST(ListViewTest, KeysAreUniqueButEmptyKeysRepeat) {
+  ListView list(2);
+  list.Add("a", "K");
+  list.Add("b");
+  list.Add("c");
+  EXPECT_EQ(ErrorOf([&] { list.Add("d", "K"); }), vbrt::kKeyNotUnique);
+  EXPECT_EQ(ErrorOf([&] { list.SetKey(1, "K"); }), vbrt::kKeyNotUnique);
+  EXPECT_EQ(list.Count(), 3);
+  list.SetKey(0, "K");  // a row keeps its own key
+  list.SetKey(0, "L");  // and gives the old one free
+  list.SetKey(1, "K");
+  EXPECT_EQ(list.FindKey("K"), 1);
+  EXPECT_EQ(list.FindKey("L"), 0);
+  EXPECT_EQ(list.FindKey(""), -1);
+  list.RemoveByKey("L");
+  EXPECT_EQ(list.FindKey("K"), 0);
+  list.Add("e", "L");  // a removed row's key is free again
+  EXPECT_EQ(ErrorOf([&] { list.RemoveByKey("none"); }), vbrt::kSubscriptOutOfRange);
+  list.Clear();
+  list.Add("f", "K");
+  EXPECT_EQ(list.Count(), 1);
+}
+
+TEST(ListViewTest, PositionsAndSubItemsAreRangeChecked) {
+  ListView list(7);
+  list.Add("last");
+  EXPECT_EQ(list.Add("first", "", std::nullopt, 0), 0);
+  EXPECT_EQ(list.Item(1).text, "last");
+  EXPECT_EQ(ErrorOf([&] { list.Add("x", "", std::nullopt, 5); }), vbrt::kSubscriptOutOfRange);
+  EXPECT_EQ(ErrorOf([&] { list.Item(2); }), vbrt::kSubscriptOutOfRange);
+  EXPECT_EQ(ErrorOf([&] { list.SetText(-1, "x"); }), vbrt::kSubscriptOutOfRange);
+
+  EXPECT_EQ(list.SubItem(0, 6), "");  // never set
+  list.SetSubItem(0, 6, "9");
+  EXPECT_EQ(list.SubItem(0, 6), "9");
+  EXPECT_EQ(list.SubItem(0, 1), "");
+  EXPECT_EQ(ErrorOf([&] { list.SetSubItem(0, 7, "x"); }), vbrt::kInvalidPropertyValue);
+  EXPECT_EQ(ErrorOf([&] { list.SetSubItem(0, 0, "x"); }), vbrt::kInvalidPropertyValue);
+  EXPECT_EQ(ErrorOf([&] { list.SubItem(0, 7); }), vbrt::kInvalidPropertyValue);
+}
+
+TEST(ListViewTest, IconAndSelection) {
+  ListView list(2);
+  list.Add("a");
+  list.Add("b", "", int16_t{3});
+  EXPECT_FALSE(list.Item(0).smallIcon.has_value());
+  EXPECT_EQ(list.Item(1).smallIcon, 3);
+  list.SetSmallIcon(1, std::nullopt);
+  EXPECT_FALSE(list.Item(1).smallIcon.has_value());
+  EXPECT_EQ(list.FirstSelected(), -1);
+  list.SetSelected(1, true);
+  EXPECT_EQ(list.FirstSelected(), 1);
+}
+
+TEST(ListViewTest, ManyKeyedRowsStayFast) {
+  const auto start = std::chrono::steady_clock::now();
+  ListView list(2);
+  for (int i = 0; i < 500000; ++i) list.Add("row", "key" + std::to_string(i));
+  EXPECT_EQ(ErrorOf([&] { list.Add("row", "key499999"); }), vbrt::kKeyNotUnique);
+  // Loose enough for sanitizer builds; a quadratic key check would take hours.
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
+}
+
+}  // namespace
+}  // namespace session

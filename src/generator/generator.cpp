@@ -313,7 +313,7 @@ bool Generator::SetUpProgress() {
     maximum += 2;
   } else {
     try {
-      model_ = application_->OpenModel(form.edModel);
+      model_ = application_->OpenModel(fs_.ToNative(form.edModel).string());
       maximum += 6 + static_cast<float>(model_->EdgeCount());
     } catch (const std::exception& e) {
       return Abandon("Error: The basic model '" + form.edModel + "' could not be opened: " +

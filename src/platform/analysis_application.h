@@ -61,8 +61,9 @@ class AnalysisApplication {
   virtual ~AnalysisApplication() = default;
   // The product-name string that carries the version, as in "Zentrix 5.2".
   virtual std::string ProductName() const = 0;
-  // Opens the basic model file; throws vbrt::VbError with the application's reason when
-  // it cannot be opened.
+  // Opens the basic model file at `path`, a file-system path of this machine (the caller
+  // maps the record's path first); throws vbrt::VbError with the application's reason
+  // when it cannot be opened.
   virtual std::unique_ptr<BasicModel> OpenModel(std::string_view path) = 0;
 };
 

@@ -14,9 +14,8 @@
 
 namespace generator::test {
 
-inline std::vector<std::string> ReadGoldenLines(std::string_view name) {
-  const std::string path =
-      std::string(EOW_TEST_DIR) + "/golden/generator/sections/" + std::string(name);
+// The lines of the LF text file at `path`, in the form described above.
+inline std::vector<std::string> ReadLfLines(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) throw std::runtime_error("cannot open golden file " + path);
   std::stringstream text;
@@ -33,6 +32,11 @@ inline std::vector<std::string> ReadGoldenLines(std::string_view name) {
     start = end + 1;
   }
   return lines;
+}
+
+inline std::vector<std::string> ReadGoldenLines(std::string_view name) {
+  return ReadLfLines(std::string(EOW_TEST_DIR) + "/golden/generator/sections/" +
+                     std::string(name));
 }
 
 // Passes when `actual` equals the golden file line by line; otherwise names the first

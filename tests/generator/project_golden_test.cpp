@@ -1,8 +1,9 @@
-// Whole generations compared with hand-written project files under
-// tests/golden/generator/project/<case>/. The golden files are stored with LF line ends and
-// compared after turning each LF into CR LF. The project file is compared whole; the class
-// and module golden files hold the files' beginning (the header and the first sections,
-// whose text the section tests check in full) and are compared as the files' prefix.
+// Whole generations compared byte for byte with hand-written expected files. The project
+// file is one golden file, tests/golden/generator/project/<case>/<Name>.vbp. The class and
+// the module are composed from hand-written pieces in the order that <Name>.cls.parts and
+// <Name>.bas.parts list them: the sections that do not depend on the record are the section
+// goldens (sections/*.txt), the others are written per case. Pieces are stored with LF line
+// ends; the expected file ends every line with CR LF.
 #include <gtest/gtest.h>
 
 #include <unistd.h>
@@ -13,6 +14,7 @@
 
 #include "fake_basic_model.h"
 #include "generator/generator.h"
+#include "golden_lines.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/prompt/scripted_prompter.h"
 #include "platform/regfile/registry_files.h"
@@ -24,6 +26,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+const fs::path kGoldenRoot = fs::path(EOW_TEST_DIR) / "golden/generator";
+
 std::string ReadFile(const fs::path& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) throw std::runtime_error("cannot open " + path.string());
@@ -32,23 +36,98 @@ std::string ReadFile(const fs::path& path) {
   return text.str();
 }
 
-std::string Golden(const std::string& caseName, const std::string& file) {
-  const std::string lf =
-      ReadFile(fs::path(EOW_TEST_DIR) / "golden/generator/project" / caseName / file);
-  std::string crlf;
-  for (char c : lf) {
-    if (c == '\n') crlf += '\r';
-    crlf += c;
+// The pieces that a .parts list names, in order (paths under kGoldenRoot); blank lines and
+// lines beginning with '#' are skipped.
+std::vector<std::string> PartsList(const fs::path& list) {
+  std::vector<std::string> pieces;
+  for (const std::string& line : ReadLfLines(list.string())) {
+    if (!line.empty() && line[0] != '#') pieces.push_back(line);
   }
-  return crlf;
+  return pieces;
 }
 
-// Every line of `text` ends with CR LF.
-bool AllCrLf(const std::string& text) {
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\n' && (i == 0 || text[i - 1] != '\r')) return false;
+struct ExpectedLine {
+  std::string text;
+  std::string piece;  // where the line is written by hand, for the failure message
+  std::size_t pieceLine;
+};
+
+std::vector<ExpectedLine> ExpectedLines(const std::vector<std::string>& pieces) {
+  std::vector<ExpectedLine> expected;
+  for (const std::string& piece : pieces) {
+    const std::vector<std::string> lines = ReadLfLines((kGoldenRoot / piece).string());
+    for (std::size_t i = 0; i < lines.size(); ++i) expected.push_back({lines[i], piece, i + 1});
   }
-  return !text.empty() && text.back() == '\n';
+  return expected;
+}
+
+// `text` with CR, LF and other control or non-ASCII bytes shown as escapes.
+std::string Visible(const std::string& text) {
+  std::string shown;
+  for (unsigned char c : text) {
+    if (c == '\r') {
+      shown += "\\r";
+    } else if (c == '\n') {
+      shown += "\\n";
+    } else if (c < 0x20 || c >= 0x7f) {
+      static const char* kHex = "0123456789ABCDEF";
+      shown += "\\x";
+      shown += kHex[c >> 4];
+      shown += kHex[c & 15];
+    } else {
+      shown += static_cast<char>(c);
+    }
+  }
+  return shown;
+}
+
+// The lines of `written`, each of which ends with CR LF; a rest after the last CR LF is
+// kept as a last line of its own.
+std::vector<std::string> CrLfLines(const std::string& written) {
+  std::vector<std::string> lines;
+  std::size_t start = 0;
+  std::size_t end = 0;
+  while ((end = written.find("\r\n", start)) != std::string::npos) {
+    lines.push_back(written.substr(start, end - start));
+    start = end + 2;
+  }
+  if (start < written.size()) lines.push_back(written.substr(start));
+  return lines;
+}
+
+// Passes when `written` is exactly the pieces' lines, each ended by CR LF; otherwise names
+// the first differing line of the file and the piece that line comes from.
+::testing::AssertionResult MatchesPieces(const std::string& file, const std::string& written,
+                                         const std::vector<std::string>& pieces) {
+  const std::vector<ExpectedLine> expected = ExpectedLines(pieces);
+  std::string expectedText;
+  for (const ExpectedLine& line : expected) expectedText += line.text + "\r\n";
+  if (written == expectedText) return ::testing::AssertionSuccess();
+
+  const std::vector<std::string> actual = CrLfLines(written);
+  const std::size_t common = std::min(expected.size(), actual.size());
+  for (std::size_t i = 0; i < common; ++i) {
+    if (expected[i].text != actual[i]) {
+      return ::testing::AssertionFailure()
+             << file << " line " << i + 1 << " (" << expected[i].piece << " line "
+             << expected[i].pieceLine << "):\n  expected [" << Visible(expected[i].text)
+             << "]\n  actual   [" << Visible(actual[i]) << "]";
+    }
+  }
+  if (expected.size() < actual.size()) {
+    return ::testing::AssertionFailure()
+           << file << ": " << expected.size() << " lines expected, " << actual.size()
+           << " written; first extra line " << common + 1 << " [" << Visible(actual[common])
+           << "]";
+  }
+  if (expected.size() > actual.size()) {
+    return ::testing::AssertionFailure()
+           << file << ": " << expected.size() << " lines expected, " << actual.size()
+           << " written; first missing line " << common + 1 << " (" << expected[common].piece
+           << " line " << expected[common].pieceLine << ") [" << Visible(expected[common].text)
+           << "]";
+  }
+  return ::testing::AssertionFailure() << file << ": the last line does not end with CR LF";
 }
 
 class QuietProgress : public ProgressSink {
@@ -110,12 +189,14 @@ class ProjectGoldenTest : public ::testing::Test {
     Generator generator(environment_, application, files_, registry_, prompter_, progress_);
     ASSERT_TRUE(generator.Generate(form)) << prompter_.shown.back().text;
     const std::string& name = form.theName;
-    EXPECT_EQ(ReadFile(root_ / "proj" / (name + ".vbp")), Golden(caseName, name + ".vbp"));
+    const fs::path caseDir = kGoldenRoot / "project" / caseName;
+    const std::string vbp = name + ".vbp";
+    EXPECT_TRUE(MatchesPieces(vbp, ReadFile(root_ / "proj" / vbp),
+                              {"project/" + caseName + "/" + vbp}));
     for (const std::string ext : {".cls", ".bas"}) {
-      const std::string written = ReadFile(root_ / "proj" / (name + ext));
-      const std::string golden = Golden(caseName, name + ext);
-      EXPECT_EQ(written.substr(0, golden.size()), golden) << name << ext;
-      EXPECT_TRUE(AllCrLf(written)) << name << ext;
+      const std::string file = name + ext;
+      EXPECT_TRUE(MatchesPieces(file, ReadFile(root_ / "proj" / file),
+                                PartsList(caseDir / (file + ".parts"))));
     }
   }
 

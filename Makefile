@@ -1,15 +1,22 @@
 # The two commands of the README:
 #   make run   installs what is missing, builds, and runs the main job on the shipped example
-#   make test  installs what is missing, builds, and runs every test
-.PHONY: run test setup build build-sanitize test-sanitize clean
+#   make test  installs what is missing, builds, and runs every test: the release build,
+#              the same under ASan+UBSan, and a short pass of every fuzz target
+# and, with their own commands, the long fuzz campaign (make fuzz) and the benchmarks
+# (make bench).
+.PHONY: run test setup build build-sanitize test-sanitize build-fuzz test-fuzz fuzz bench clean
 
-EXAMPLE ?= examples/coil/Coil.bvg
-
+# The main job: generate the shipped actuator example into a fresh out/Actuator and list
+# the files written.
 run: build
-	./build/default/src/app/eowizard session show $(EXAMPLE)
+	rm -rf out/Actuator
+	./build/default/src/app/eowizard generate examples/actuator/Actuator.bvg \
+	    --project out/Actuator/Actuator.vbp \
+	    --registry examples/registry/demo-host.reg --answer yes
 
 test: build
 	ctest --preset default
+	$(MAKE) test-sanitize test-fuzz
 
 setup:
 	./scripts/setup.sh
@@ -24,6 +31,25 @@ build-sanitize: setup
 
 test-sanitize: build-sanitize
 	ctest --preset sanitize
+
+# The fuzz targets (clang, libFuzzer, ASan+UBSan); only they are built in build/fuzz.
+build-fuzz: setup
+	cmake --preset fuzz
+	cmake --build --preset fuzz
+
+# A fixed number of runs of each fuzz target from its seed corpus.
+test-fuzz: build-fuzz
+	ctest --preset fuzz
+
+# FUZZ_SECONDS of fuzzing per target (60 by default), keeping the corpus in build/fuzz.
+FUZZ_SECONDS ?= 60
+fuzz: build-fuzz
+	cmake --preset fuzz -DEOWIZARD_FUZZ_SECONDS=$(FUZZ_SECONDS)
+	ctest --preset fuzz-long
+
+# Every benchmark program of the release build.
+bench: build
+	for b in build/default/bench/eow_*_bench; do $$b || exit 1; done
 
 clean:
 	rm -rf build

@@ -141,7 +141,9 @@ class BusyPointer {
 
 WizardForm::WizardForm(FormServices services)
     : services_(std::move(services)),
-      checks_(services_.fs, services_.registry, services_.prompter) {
+      checks_(services_.fs, services_.registry, services_.prompter),
+      inputs_(state_.lvInput, services_.prompter),
+      outputs_(state_, services_.prompter) {
   Load();
 }
 
@@ -154,8 +156,8 @@ void WizardForm::Load() {
   // with the choice lists filled from the string table.
   state_.SetFieldHandlers(&checks_);
   state_.lvInput.Clear();
+  outputs_.FillStandardOutputs();
   SetCaptions();
-  typeEditorItems_ = ListFrom(kInputTypeBase, kInputTypeCount);
   finishText1_ = std::string(FindString(kFinishReady1).value_or(""));
   finishText2_ = std::string(FindString(kFinishReady2).value_or(""));
   finishIcon_ = "Information";
@@ -287,6 +289,11 @@ void WizardForm::RefreshStep() {
     default:
       break;
   }
+  // The standard outputs follow the problem type chosen since the page was last on view.
+  if (CurrentStep == 6) {
+    outputs_.FillStandardOutputs();
+    outputs_.SyncOutputs();
+  }
   if (CurrentStep > 0) SettingsChanged = true;
 }
 
@@ -337,6 +344,7 @@ void WizardForm::Back() {
 }
 
 void WizardForm::ChangePage(int delta) {
+  inputs_.EditorLeft();
   CurrentStep = static_cast<int16_t>(CurrentStep + delta);
   RefreshStep();
   Repaint();
@@ -345,6 +353,10 @@ void WizardForm::ChangePage(int delta) {
 void WizardForm::Help() {
   if (CurrentStep < 0 || CurrentStep >= kPageCount) return;
   services_.help.ShowTopic(services_.programFolder + std::string(kHelpTopics[CurrentStep]));
+}
+
+void WizardForm::ShowHelpTopic(std::string_view topic) {
+  services_.help.ShowTopic(services_.programFolder + std::string(topic));
 }
 
 bool WizardForm::Cancel() {

@@ -19,6 +19,8 @@
 #include "session/form_state.h"
 #include "session/session_file.h"
 #include "vbrt/file_table.h"
+#include "wizard/model/input_page.h"
+#include "wizard/model/output_page.h"
 #include "wizard/model/page_checks.h"
 
 namespace wizard {
@@ -143,7 +145,10 @@ class WizardForm {
   // "lblIntro(0)" to "lblIntro(4)" are the introduction's five labels).
   const std::map<std::string, std::string>& Captions() const { return captions_; }
   // Items of the input type editor of page 5.
-  const std::vector<std::string>& TypeEditorItems() const { return typeEditorItems_; }
+  const std::vector<std::string>& TypeEditorItems() const { return inputs_.TypeItems(); }
+  // The input and output parameter pages (5 and 6).
+  InputPage& Inputs() { return inputs_; }
+  OutputPage& Outputs() { return outputs_; }
   bool BackEnabled() const { return backEnabled_; }
   bool NextEnabled() const { return nextEnabled_; }
   bool FinishEnabled() const { return state_.btnFinishEnabled; }
@@ -166,6 +171,8 @@ class WizardForm {
   void Next();  // ignored while btnNext is disabled
   void Back();  // ignored while btnBack is disabled
   void Help();
+  // Opens `topic`, a help topic relative to the program folder (the dialogs' Help).
+  void ShowHelpTopic(std::string_view topic);
   // Both return true when the wizard was closed: the form no longer exists then and
   // the caller must not touch it (nor the view it owned) again.
   bool Cancel();
@@ -198,6 +205,8 @@ class WizardForm {
   FormServices services_;
   session::FormState state_;
   PageChecks checks_;
+  InputPage inputs_;
+  OutputPage outputs_;
   vbrt::FileTable files_;
   std::unique_ptr<platform::AnalysisApplication> zx_;
 
@@ -208,7 +217,6 @@ class WizardForm {
   std::string sessionsFolder_;
 
   std::map<std::string, std::string> captions_;
-  std::vector<std::string> typeEditorItems_;
   bool backEnabled_ = false;
   bool nextEnabled_ = true;
   Button defaultButton_ = Button::Next;

@@ -9,6 +9,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev libgmsh-dev libchm-dev
   locales
+  clang libclang-rt-14-dev
 )
 
 missing=()

@@ -103,13 +103,25 @@ std::size_t Utf8CharacterLength(std::string_view text) {
 
 std::size_t OneByte(std::string_view) { return 1; }
 
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 struct CodePage {
   std::string name;
   Converter toAnsi;
   Converter fromAnsi;
+  // Whether the code page holds ASCII as ASCII (as every ANSI code page does): then an
+  // ASCII text, which most lines of a session and of generated code are, needs no iconv.
+  bool asciiAsIs = false;
 
   explicit CodePage(const std::string& iconvName)
-      : name(iconvName), toAnsi(iconvName, "UTF-8"), fromAnsi("UTF-8", iconvName) {}
+      : name(iconvName), toAnsi(iconvName, "UTF-8"), fromAnsi("UTF-8", iconvName) {
+    std::string ascii(127, '\0');
+    for (int c = 1; c < 128; ++c) ascii[c - 1] = static_cast<char>(c);
+    asciiAsIs = fromAnsi.Convert(ascii, OneByte) == ascii && toAnsi.Convert(ascii, OneByte) == ascii;
+  }
 };
 
 CodePage& Current() {
@@ -127,9 +139,15 @@ void SetAnsiCodePage(const std::string& iconvName) {
 const std::string& AnsiCodePage() { return Current().name; }
 
 std::string ToAnsi(std::string_view utf8) {
-  return Current().toAnsi.Convert(utf8, Utf8CharacterLength);
+  CodePage& codePage = Current();
+  if (codePage.asciiAsIs && IsAscii(utf8)) return std::string(utf8);
+  return codePage.toAnsi.Convert(utf8, Utf8CharacterLength);
 }
 
-std::string FromAnsi(std::string_view ansi) { return Current().fromAnsi.Convert(ansi, OneByte); }
+std::string FromAnsi(std::string_view ansi) {
+  CodePage& codePage = Current();
+  if (codePage.asciiAsIs && IsAscii(ansi)) return std::string(ansi);
+  return codePage.fromAnsi.Convert(ansi, OneByte);
+}
 
 }  // namespace vbrt

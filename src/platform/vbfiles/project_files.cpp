@@ -62,6 +62,9 @@ constexpr std::string_view kClassHeader =
     "END\r\n";
 
 void AppendLines(std::string& text, const std::vector<std::string>& lines) {
+  std::size_t size = text.size();
+  for (const std::string& line : lines) size += line.size() + kCrLf.size();
+  text.reserve(size);
   for (const std::string& line : lines) {
     text += line;
     text += kCrLf;

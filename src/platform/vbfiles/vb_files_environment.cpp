@@ -60,14 +60,20 @@ class FilesCodeModule : public CodeModule {
     if (line < 1 || line > CountOfLines() + 1) {
       throw vbrt::VbError(kInvalidArgument, "Invalid procedure call or argument");
     }
-    // Several lines may come in one text; the editor stores each on its own.
+    // Several lines may come in one text; the editor stores each on its own. Appending
+    // one line, as generation does for every line, stays O(1).
+    const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
+    if (line == CountOfLines() + 1 && std::none_of(text.begin(), text.end(), isLineEnd)) {
+      lines_.push_back(vbfiles::CloseOpenLiteral(text));
+      return;
+    }
     std::vector<std::string> stored;
-    std::size_t start = 0;
+    auto start = text.begin();
     while (true) {
-      const std::size_t end = text.find_first_of("\r\n", start);
-      stored.push_back(vbfiles::CloseOpenLiteral(text.substr(start, end - start)));
-      if (end == std::string_view::npos) break;
-      start = end + (text.compare(end, 2, "\r\n") == 0 ? 2 : 1);
+      const auto end = std::find_if(start, text.end(), isLineEnd);
+      stored.push_back(vbfiles::CloseOpenLiteral(std::string_view(start, end)));
+      if (end == text.end()) break;
+      start = end + (*end == '\r' && end + 1 != text.end() && end[1] == '\n' ? 2 : 1);
     }
     lines_.insert(lines_.begin() + (line - 1), std::make_move_iterator(stored.begin()),
                   std::make_move_iterator(stored.end()));

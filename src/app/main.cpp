@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include "app/commands.h"
+#include "app/gui_main.h"
 #include "vbrt/numbers.h"
 
 int main(int argc, char** argv) {
@@ -13,9 +14,14 @@ int main(int argc, char** argv) {
   vbrt::SetUserNumberFormat(vbrt::CaptureUserNumberFormat());
 
   CLI::App cli{"eowizard - exploring-object project wizard"};
-  cli.require_subcommand(1);
+  // Without a subcommand the wizard window opens.
+  cli.require_subcommand(0, 1);
+  std::string sessionFile;
+  cli.add_option("--session", sessionFile, "Open the wizard with this session file loaded");
   int exitCode = 0;
   app::AddSessionCommands(cli, exitCode);
+  app::AddModelCommands(cli, exitCode);
+  app::AddGenerateCommand(cli, exitCode);
   try {
     cli.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
@@ -24,5 +30,6 @@ int main(int argc, char** argv) {
     std::cerr << "eowizard: " << e.what() << "\n";
     return 1;
   }
+  if (cli.get_subcommands().empty()) return app::RunWizardWindow(argc, argv, sessionFile);
   return exitCode;
 }

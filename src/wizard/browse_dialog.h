@@ -1,0 +1,17 @@
+#pragma once
+// The open-file dialog of the browse buttons.
+#include <QWidget>
+#include <optional>
+#include <string>
+
+#include "platform/file_system.h"
+#include "wizard/model/wizard_form.h"
+
+namespace wizard {
+
+// Opens the dialog as `setup` says (folders in the program's path form are mapped
+// through `fs`); the chosen file's full path, or nullopt when the user cancelled.
+std::optional<std::string> AskOpenFile(QWidget* parent, const FileDialogSetup& setup,
+                                       const platform::FileSystem& fs);
+
+}  // namespace wizard

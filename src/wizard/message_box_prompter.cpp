@@ -1,0 +1,54 @@
+#include "wizard/message_box_prompter.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include "wizard/qt_text.h"
+
+namespace wizard {
+namespace {
+
+using platform::MsgAnswer;
+using platform::MsgButtons;
+using platform::MsgIcon;
+
+QMessageBox::Icon IconOf(MsgIcon icon) {
+  switch (icon) {
+    case MsgIcon::Critical: return QMessageBox::Critical;
+    case MsgIcon::Question: return QMessageBox::Question;
+    case MsgIcon::Exclamation: return QMessageBox::Warning;
+    case MsgIcon::Information: return QMessageBox::Information;
+    case MsgIcon::None: break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+MsgAnswer MessageBoxPrompter::Show(const platform::Message& message) {
+  QMessageBox box(IconOf(message.icon),
+                  message.title.empty() ? defaultTitle_ : ToQt(message.title),
+                  ToQt(message.text), QMessageBox::NoButton, QApplication::activeWindow());
+  switch (message.buttons) {
+    case MsgButtons::OK:
+      box.setStandardButtons(QMessageBox::Ok);
+      break;
+    case MsgButtons::YesNo:
+      box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+      box.setEscapeButton(QMessageBox::No);
+      break;
+    case MsgButtons::YesNoCancel:
+      box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+      box.setEscapeButton(QMessageBox::Cancel);
+      break;
+  }
+  if (message.buttons != MsgButtons::OK) box.setDefaultButton(QMessageBox::Yes);
+  switch (box.exec()) {
+    case QMessageBox::Yes: return MsgAnswer::Yes;
+    case QMessageBox::No: return MsgAnswer::No;
+    case QMessageBox::Cancel: return MsgAnswer::Cancel;
+    default: return MsgAnswer::OK;
+  }
+}
+
+}  // namespace wizard

@@ -1,0 +1,47 @@
+#include "wizard/wizard_view.h"
+
+#include <QApplication>
+
+namespace wizard {
+
+QtWizardView::QtWizardView(WizardForm& form, const platform::FileSystem& fs)
+    : window_(new WizardWindow(form, fs)) {}
+
+QtWizardView::~QtWizardView() {
+  SetBusy(false);
+  if (window_) {
+    window_->Detach();
+    window_->hide();
+    window_->deleteLater();
+  }
+}
+
+void QtWizardView::ShowForm() {
+  window_->show();
+  window_->raise();
+  window_->activateWindow();
+}
+
+void QtWizardView::HideForm() { window_->hide(); }
+
+void QtWizardView::ShowLaunchNotice(const std::string& caption, const std::string& text) {
+  launch_ = std::make_unique<LaunchNotice>(caption, text);
+  launch_->ShowNow();
+}
+
+void QtWizardView::HideLaunchNotice() { launch_.reset(); }
+
+void QtWizardView::SetBusy(bool busy) {
+  if (busy == busy_) return;
+  busy_ = busy;
+  if (busy)
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  else
+    QApplication::restoreOverrideCursor();
+}
+
+void QtWizardView::FocusControl(std::string_view control) { window_->FocusControl(control); }
+
+void QtWizardView::Repaint() { window_->ApplyState(); }
+
+}  // namespace wizard

@@ -1,0 +1,95 @@
+// The window's parts that stand alone: filter and caption conversion, the progress
+// window, message boxes and help topics.
+#include <QLabel>
+#include <QProgressBar>
+#include <QtTest>
+
+#include "platform/chm/chm_archive.h"
+#include "platform/posix/posix_file_system.h"
+#include "vbrt/error.h"
+#include "wizard/file_filter.h"
+#include "wizard/help_window.h"
+#include "wizard/progress_window.h"
+#include "wizard/qt_text.h"
+
+class WidgetPartsTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void fileFiltersBecomeQtFilters_data() {
+    QTest::addColumn<QString>("vb");
+    QTest::addColumn<QString>("qt");
+    QTest::newRow("pattern already named") << "Visual Basic Project (*.vbp)|*.vbp"
+                                           << "Visual Basic Project (*.vbp)";
+    QTest::newRow("pattern lists and every file")
+        << "All images |*.bmp;*.gif;*.jpg|Icons (*.ico)|*.ico|All files |*.*"
+        << "All images (*.bmp *.gif *.jpg);;Icons (*.ico);;All files (*)";
+    QTest::newRow("crossed data filter kept as written")
+        << "ZX Data for Current Flow (*.dcf)|*.dcf" << "ZX Data for Current Flow (*.dcf)";
+    QTest::newRow("description without pattern dropped") << "Models|*.mod|Broken"
+                                                         << "Models (*.mod)";
+  }
+  void fileFiltersBecomeQtFilters() {
+    QFETCH(QString, vb);
+    QFETCH(QString, qt);
+    QCOMPARE(QString::fromStdString(wizard::QtFileFilter(vb.toStdString())), qt);
+  }
+
+  void labelCaptionsDropAccessKeys() {
+    QCOMPARE(wizard::LabelText("Model, Data && Sketch"), QString("Model, Data & Sketch"));
+    QCOMPARE(wizard::LabelText("&Name: •"), QString("Name: •"));
+    QCOMPARE(wizard::LabelText("trailing &"), QString("trailing "));
+  }
+
+  void progressWindowShowsTheBarAndRefusesValuesOutside() {
+    wizard::ProgressWindow progress;
+    progress.Load("Generating ExploringObject project");
+    progress.Show();
+    progress.SetState("Writing...");
+    progress.SetMin(10);
+    progress.SetMax(30);
+    progress.SetValue(20);
+    QCOMPARE(progress.windowTitle(), QString("Generating ExploringObject project"));
+    QCOMPARE(progress.findChild<QLabel*>("lblState")->text(), QString("Writing..."));
+    auto* bar = progress.findChild<QProgressBar*>();
+    QCOMPARE(bar->value(), (bar->maximum() - bar->minimum()) / 2);
+    QVERIFY_THROWS_EXCEPTION(vbrt::VbError, progress.SetValue(31));
+    QCOMPARE(progress.Value(), 20.0f);
+    progress.Unload();
+    QVERIFY(!progress.isVisible());
+  }
+
+  void helpReferencesSplitAtTheirMark() {
+    const auto reference = platform::SplitHelpReference("/p/../../Help/B.chm::/HTML/W.htm");
+    QVERIFY(reference.has_value());
+    QCOMPARE(reference->file, std::string("/p/../../Help/B.chm"));
+    QCOMPARE(reference->topic, std::string("/HTML/W.htm"));
+    QCOMPARE(platform::SplitHelpReference("B.chm::HTML/W.htm")->topic, std::string("/HTML/W.htm"));
+    QVERIFY(!platform::SplitHelpReference("B.chm").has_value());
+    QVERIFY(!platform::SplitHelpReference("B.chm::").has_value());
+  }
+
+  void missingOrBrokenHelpFilesShowNothing() {
+    QTemporaryDir dir;
+    const QString notHelp = dir.filePath("Bravant.chm");
+    QFile file(notHelp);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("no compiled help here");
+    file.close();
+    QVERIFY(!platform::ChmArchive::Open(notHelp.toStdString()).has_value());
+
+    platform::PosixFileSystem fs{platform::DriveMap{}};
+    wizard::ChmHelpViewer viewer(fs);
+    viewer.ShowTopic(dir.filePath("Missing.chm::/HTML/Wizard.htm").toStdString());
+    viewer.ShowTopic((notHelp + "::/HTML/Wizard.htm").toStdString());
+    for (QWidget* window : QApplication::topLevelWidgets())
+      QVERIFY(window->objectName() != "HelpWindow");
+  }
+};
+
+int RunWidgetPartsTests(int argc, char** argv) {
+  WidgetPartsTest test;
+  return QTest::qExec(&test, argc, argv);
+}
+
+#include "widget_parts_test.moc"

@@ -1,12 +1,15 @@
 // How the parameter pages keep up with long lists: 5,000 input rows and 500 outputs.
 #include <benchmark/benchmark.h>
 
+#include <QApplication>
+#include <QTreeWidget>
 #include <string>
 
 #include "platform/prompter.h"
 #include "session/form_state.h"
 #include "wizard/model/input_page.h"
 #include "wizard/model/output_page.h"
+#include "wizard/list_view_rows.h"
 
 namespace {
 
@@ -108,5 +111,55 @@ void BM_AddThroughPlaceholder(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_AddThroughPlaceholder);
+
+// The list widgets need an application; offscreen unless a display is chosen.
+void EnsureApplication() {
+  if (QApplication::instance() != nullptr) return;
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  static int argc = 1;
+  static char name[] = "eow_pages_bench";
+  static char* argv[] = {name, nullptr};
+  static QApplication application(argc, argv);
+}
+
+// lvInput's widget filled from nothing, then shown again unchanged (what every keystroke
+// in an editor costs).
+void BM_ShowInputRows(benchmark::State& state) {
+  EnsureApplication();
+  session::ListView list(session::kInputColumns);
+  FillInputs(list, kInputRows);
+  QTreeWidget view;
+  view.setColumnCount(session::kInputColumns);
+  view.setUniformRowHeights(true);
+  const bool fresh = state.range(0) == 1;
+  for (auto _ : state) {
+    if (fresh) {
+      state.PauseTiming();
+      view.clear();
+      state.ResumeTiming();
+    }
+    wizard::ShowListRows(view, list);
+  }
+}
+BENCHMARK(BM_ShowInputRows)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
+
+void BM_ShowOutputRows(benchmark::State& state) {
+  EnsureApplication();
+  session::FormState form;
+  YesPrompter prompter;
+  wizard::OutputPage page(form, prompter);
+  form.cmbType.SetListIndex(kMagnetostatics);
+  FillOutputs(form, page, kOutputRows);
+  QTreeWidget view;
+  view.setColumnCount(2);
+  view.setUniformRowHeights(true);
+  for (auto _ : state) {
+    state.PauseTiming();
+    view.clear();
+    state.ResumeTiming();
+    wizard::ShowListRows(view, form.lvOutput);
+  }
+}
+BENCHMARK(BM_ShowOutputRows)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -10,6 +10,9 @@
 
 using wizard_test::WizardFixture;
 
+// Pages 5 and 6 with a dozen rows each, their editors and dialogs.
+void SaveParameterPageScreenshots();
+
 class PageScreenshots : public QObject {
   Q_OBJECT
 
@@ -40,6 +43,8 @@ class PageScreenshots : public QObject {
     for (int i = 0; i < 7; ++i) ui.Click("btnNext");
     Save(ui.window, "page7-without-project.png");
   }
+
+  void parameterPages() { SaveParameterPageScreenshots(); }
 
   void progressAndLaunchWindows() {
     wizard::ProgressWindow progress;

@@ -1,0 +1,149 @@
+#include "wizard/input_dialog.h"
+
+#include <QButtonGroup>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "resources/string_ids.h"
+#include "resources/string_table.h"
+#include "wizard/qt_text.h"
+
+namespace wizard {
+namespace {
+
+using resources::LoadResString;
+
+QString Res(int number) { return ToQt(LoadResString(number)); }
+
+struct FieldRow {
+  const char* name;
+  InputField field;
+  int label;
+};
+constexpr FieldRow kFields[] = {
+    {"edName", InputField::Name, resources::kNameLabel},
+    {"edVariable", InputField::Variable, resources::kVariableLabel},
+    {"edUnit", InputField::Unit, resources::kUnitLabel},
+    {"edMin", InputField::Min, resources::kMinLabel},
+    {"edMax", InputField::Max, resources::kMaxLabel},
+    {"edValue", InputField::Value, resources::kDefaultValueLabel},
+};
+
+// The option buttons of grpType, in the page's option order.
+constexpr const char* kOptions[] = {"optGeom", "optPhys", "optPost"};
+constexpr int kOptionCaptions[] = {resources::kTypeGeometrical, resources::kTypePhysical,
+                                   resources::kTypePostprocess};
+
+std::string InputDialog::*TextOf(InputField field) {
+  switch (field) {
+    case InputField::Name: return &InputDialog::edName;
+    case InputField::Variable: return &InputDialog::edVariable;
+    case InputField::Unit: return &InputDialog::edUnit;
+    case InputField::Min: return &InputDialog::edMin;
+    case InputField::Max: return &InputDialog::edMax;
+    case InputField::Value: break;
+  }
+  return &InputDialog::edValue;
+}
+
+}  // namespace
+
+InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* parent)
+    : QDialog(parent), forward_(std::move(forward)) {
+  setObjectName("dlgInput");
+  setWindowTitle(Res(resources::kInputDialogCaption));
+  setModal(true);
+
+  auto* fields = new QFormLayout;
+  for (const FieldRow& row : kFields) {
+    auto* label = new QLabel(LabelText(LoadResString(row.label)));
+    QLineEdit* edit = AddField(row.name, row.field);
+    label->setBuddy(edit);
+    fields->addRow(label, edit);
+  }
+
+  auto* group = new QGroupBox(Res(resources::kTypeGroupCaption));
+  group->setObjectName("grpType");
+  auto* options = new QVBoxLayout(group);
+  types_ = new QButtonGroup(this);
+  for (int option = 0; option < 3; ++option) {
+    auto* button = new QRadioButton(Res(kOptionCaptions[option]));
+    button->setObjectName(kOptions[option]);
+    types_->addButton(button, option);
+    options->addWidget(button);
+  }
+  options->addStretch();
+  connect(types_, &QButtonGroup::idClicked, this, [this](int option) {
+    forward_([option](WizardForm& form) { form.Inputs().DialogTypeChosen(option); });
+  });
+
+  auto* buttons = new QDialogButtonBox;
+  ok_ = buttons->addButton(Res(resources::kOkButton), QDialogButtonBox::AcceptRole);
+  ok_->setObjectName("btnOK");
+  auto* cancel = buttons->addButton(Res(resources::kCancelButton), QDialogButtonBox::RejectRole);
+  cancel->setObjectName("btnCancel");
+  auto* help = buttons->addButton(Res(resources::kHelpButton), QDialogButtonBox::HelpRole);
+  help->setObjectName("btnHelp");
+  connect(ok_, &QPushButton::clicked, this,
+          [this] { forward_([](WizardForm& form) { form.Inputs().DialogAccept(); }); });
+  connect(cancel, &QPushButton::clicked, this, &InputParameterDialog::reject);
+  // The dialog stands over page 5, so the form's help is the input page's topic.
+  connect(help, &QPushButton::clicked, this,
+          [this] { forward_([](WizardForm& form) { form.Help(); }); });
+
+  auto* top = new QHBoxLayout;
+  top->addLayout(fields, 1);
+  top->addSpacing(12);
+  top->addWidget(group);
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(top);
+  layout->addSpacing(8);
+  layout->addWidget(buttons);
+  setMinimumWidth(520);
+}
+
+QLineEdit* InputParameterDialog::AddField(const char* name, InputField field) {
+  auto* edit = new QLineEdit;
+  edit->setObjectName(name);
+  connect(edit, &QLineEdit::textEdited, this, [this, field](const QString& text) {
+    forward_([field, text = FromQt(text)](WizardForm& form) {
+      form.Inputs().DialogEdited(field, text);
+    });
+  });
+  return edit;
+}
+
+void InputParameterDialog::Show(const InputDialog& state) {
+  if (!state.shown) {
+    QDialog::accept();  // the page closed it, by OK or by Cancel
+    return;
+  }
+  for (const FieldRow& row : kFields) {
+    auto* edit = findChild<QLineEdit*>(row.name);
+    const QString text = ToQt(state.*TextOf(row.field));
+    if (edit->text() == text) continue;
+    edit->setText(text);
+    if (!isVisible()) edit->setCursorPosition(0);  // a long text opens at its start
+  }
+  // No option is checked for a type the dialog does not offer.
+  types_->setExclusive(false);
+  for (QAbstractButton* button : types_->buttons())
+    button->setChecked(types_->id(button) == state.typeOption);
+  types_->setExclusive(true);
+  ok_->setEnabled(state.okEnabled);
+}
+
+void InputParameterDialog::reject() {
+  forward_([](WizardForm& form) { form.Inputs().DialogCancel(); });
+  // Without a form to ask, the dialog simply closes.
+  if (isVisible()) QDialog::reject();
+}
+
+}  // namespace wizard

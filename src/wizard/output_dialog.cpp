@@ -1,0 +1,93 @@
+#include "wizard/output_dialog.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "resources/string_ids.h"
+#include "resources/string_table.h"
+#include "wizard/qt_text.h"
+
+namespace wizard {
+namespace {
+
+QString Res(int number) { return ToQt(resources::LoadResString(number)); }
+
+QLabel* Label(const char* name, int caption, QWidget* buddy) {
+  auto* label = new QLabel(LabelText(resources::LoadResString(caption)));
+  label->setObjectName(name);
+  label->setBuddy(buddy);
+  return label;
+}
+
+}  // namespace
+
+OutputParameterDialog::OutputParameterDialog(FormForwarder forward, QWidget* parent)
+    : QDialog(parent), forward_(std::move(forward)) {
+  setObjectName("dlgOutput");
+  setWindowTitle(Res(resources::kOutputDialogCaption));
+  setModal(true);
+
+  name_ = AddField("edName", OutputField::Name);
+  value_ = AddField("edValue", OutputField::Value);
+  auto* fields = new QFormLayout;
+  fields->addRow(Label("lblName", resources::kNameLabel, name_), name_);
+  fields->addRow(Label("lblValue", resources::kValueLabel, value_), value_);
+
+  auto* buttons = new QDialogButtonBox;
+  auto* ok = buttons->addButton(Res(resources::kOkButton), QDialogButtonBox::AcceptRole);
+  ok->setObjectName("btnOK");
+  auto* cancel = buttons->addButton(Res(resources::kCancelButton), QDialogButtonBox::RejectRole);
+  cancel->setObjectName("btnCancel");
+  auto* help = buttons->addButton(Res(resources::kHelpButton), QDialogButtonBox::HelpRole);
+  help->setObjectName("btnHelp");
+  connect(ok, &QPushButton::clicked, this,
+          [this] { forward_([](WizardForm& form) { form.Outputs().DialogAccept(); }); });
+  connect(cancel, &QPushButton::clicked, this, &OutputParameterDialog::reject);
+  connect(help, &QPushButton::clicked, this, [this] {
+    forward_([](WizardForm& form) { form.ShowHelpTopic(kCustomOutputHelpTopic); });
+  });
+
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(fields);
+  layout->addSpacing(8);
+  layout->addWidget(buttons);
+  setMinimumWidth(460);
+}
+
+QLineEdit* OutputParameterDialog::AddField(const char* name, OutputField field) {
+  auto* edit = new QLineEdit;
+  edit->setObjectName(name);
+  connect(edit, &QLineEdit::textEdited, this, [this, field](const QString& text) {
+    forward_([field, text = FromQt(text)](WizardForm& form) {
+      form.Outputs().DialogEdited(field, text);
+    });
+  });
+  return edit;
+}
+
+void OutputParameterDialog::Show(const OutputDialog& state) {
+  if (!state.shown) {
+    QDialog::accept();  // the page closed it, by OK or by Cancel
+    return;
+  }
+  const QString name = ToQt(state.edName);
+  if (name_->text() != name) name_->setText(name);
+  const QString value = ToQt(state.edValue);
+  if (value_->text() != value) value_->setText(value);
+  if (state.nameSelected && !isVisible()) {  // ready to be typed over when it opens
+    name_->setFocus(Qt::OtherFocusReason);
+    name_->selectAll();
+  }
+}
+
+void OutputParameterDialog::reject() {
+  forward_([](WizardForm& form) { form.Outputs().DialogCancel(); });
+  // Without a form to ask, the dialog simply closes.
+  if (isVisible()) QDialog::reject();
+}
+
+}  // namespace wizard

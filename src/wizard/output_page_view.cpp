@@ -1,0 +1,126 @@
+#include "wizard/output_page_view.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+
+#include "wizard/list_view_rows.h"
+#include "wizard/output_dialog.h"
+
+namespace wizard {
+namespace {
+
+QTreeWidget* List(const char* name, QAbstractItemView::SelectionMode selection) {
+  auto* list = new QTreeWidget;
+  list->setObjectName(name);
+  list->setRootIsDecorated(false);
+  list->setUniformRowHeights(true);
+  list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  list->setSelectionMode(selection);
+  list->header()->setStretchLastSection(true);
+  return list;
+}
+
+QLabel* Label(const char* name) {
+  auto* label = new QLabel;
+  label->setObjectName(name);
+  return label;
+}
+
+QPushButton* PageButton(const char* name) {
+  auto* button = new QPushButton;
+  button->setObjectName(name);
+  button->setAutoDefault(false);
+  return button;
+}
+
+}  // namespace
+
+OutputPageView::OutputPageView(QWidget* parent) : QWidget(parent) {
+  outputs_ = List("lvOutput", QAbstractItemView::SingleSelection);
+  outputs_->setHeaderLabels({"Description", "Value"});
+  outputs_->setColumnWidth(0, 170);
+  standard_ = List("lvStandard", QAbstractItemView::ExtendedSelection);
+  standard_->setHeaderHidden(true);
+
+  auto* add = PageButton("btnOutputStandard");
+  add->setFixedWidth(36);
+  auto* custom = PageButton("btnOutputCustom");
+  auto* edit = PageButton("btnOutputEdit");
+  auto* remove = PageButton("btnOutputRemove");
+  connect(add, &QPushButton::clicked, this,
+          [this] { Do([](OutputPage& page) { page.AddStandardClicked(); }); });
+  connect(custom, &QPushButton::clicked, this,
+          [this] { Do([](OutputPage& page) { page.AddCustomClicked(); }); });
+  connect(edit, &QPushButton::clicked, this,
+          [this] { Do([](OutputPage& page) { page.EditClicked(); }); });
+  connect(remove, &QPushButton::clicked, this,
+          [this] { Do([](OutputPage& page) { page.RemoveClicked(); }); });
+  connect(standard_, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
+    const int row = standard_->indexOfTopLevelItem(item);
+    Do([row](OutputPage& page) { page.StandardDoubleClicked(row); });
+  });
+  connect(outputs_, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
+    const int row = outputs_->indexOfTopLevelItem(item);
+    Do([row](OutputPage& page) { page.OutputDoubleClicked(row); });
+  });
+  connect(outputs_, &QTreeWidget::itemSelectionChanged, this,
+          [this] { ForwardSelection(outputs_, &session::FormState::lvOutput); });
+  connect(standard_, &QTreeWidget::itemSelectionChanged, this,
+          [this] { ForwardSelection(standard_, &session::FormState::lvStandard); });
+
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->addWidget(Label("lblOutput_List1"), 0, 0);
+  grid->addWidget(Label("lblOutput_List2"), 0, 2);
+  grid->addWidget(outputs_, 1, 0);
+  grid->addWidget(add, 1, 1, Qt::AlignVCenter);
+  grid->addWidget(standard_, 1, 2);
+  auto* buttons = new QHBoxLayout;
+  for (QPushButton* button : {custom, edit, remove}) buttons->addWidget(button);
+  buttons->addStretch();
+  grid->addLayout(buttons, 2, 0);
+  grid->setColumnStretch(0, 3);
+  grid->setColumnStretch(2, 2);
+}
+
+void OutputPageView::Connect(FormForwarder forward) { forward_ = std::move(forward); }
+
+void OutputPageView::Do(const std::function<void(OutputPage&)>& action) {
+  if (!forward_) return;
+  forward_([&action](WizardForm& form) { action(form.Outputs()); });
+  if (dialogToOpen_) RunDialog();
+}
+
+void OutputPageView::ForwardSelection(QTreeWidget* view,
+                                      session::ListView session::FormState::*list) {
+  if (!forward_ || showing_) return;
+  forward_([view, list](WizardForm& form) { TakeSelection(*view, form.State().*list); });
+}
+
+void OutputPageView::Show(WizardForm& form) {
+  showing_ = true;
+  ShowListRows(*outputs_, form.State().lvOutput);
+  ShowListRows(*standard_, form.State().lvStandard);
+  const OutputDialog& dialog = form.Outputs().Dialog();
+  if (dialog_ != nullptr) {
+    dialog_->Show(dialog);
+  } else if (dialog.shown) {
+    dialogToOpen_ = dialog;
+  }
+  showing_ = false;
+}
+
+void OutputPageView::RunDialog() {
+  OutputParameterDialog dialog(forward_, window());
+  dialog_ = &dialog;
+  dialog.Show(*dialogToOpen_);
+  dialogToOpen_.reset();
+  dialog.exec();
+  dialog_ = nullptr;
+}
+
+}  // namespace wizard

@@ -1,0 +1,197 @@
+#include "wizard/wizard_pages.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "wizard/input_page_view.h"
+#include "wizard/output_page_view.h"
+#include "wizard/pictures.h"
+
+namespace wizard {
+namespace {
+
+constexpr int kPictureWidth = 150;
+
+// The page's picture, drawn over the page's whole height.
+class PictureStrip : public QWidget {
+ public:
+  explicit PictureStrip(int page) : page_(page) { setFixedWidth(kPictureWidth); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter(this).drawPixmap(0, 0, PagePicture(page_, size()));
+  }
+
+ private:
+  int page_;
+};
+
+template <typename Widget>
+Widget* Named(const char* name) {
+  auto* widget = new Widget;
+  widget->setObjectName(name);
+  return widget;
+}
+
+QLabel* Text(const char* name) {
+  auto* label = Named<QLabel>(name);
+  label->setWordWrap(true);
+  return label;
+}
+
+QLabel* Heading(const char* name) {
+  auto* label = Text(name);
+  QFont font = label->font();
+  font.setBold(true);
+  font.setPointSizeF(font.pointSizeF() * 1.3);
+  label->setFont(font);
+  return label;
+}
+
+// A text field with its browse button beside it.
+QHBoxLayout* FieldRow(const char* field, const char* button) {
+  auto* row = new QHBoxLayout;
+  row->addWidget(Named<QLineEdit>(field), 1);
+  auto* browse = Named<QPushButton>(button);
+  browse->setText("...");
+  browse->setFixedWidth(36);
+  row->addWidget(browse);
+  return row;
+}
+
+void BuildIntroduction(QVBoxLayout& content) {
+  content.addWidget(Text("lblIntro(0)"));
+  content.addWidget(Text("lblIntro(1)"));
+  content.addWidget(Text("lblIntro(2)"));
+  content.addWidget(Text("lblIntro(3)"));
+  content.addSpacing(12);
+  content.addWidget(Text("lblIntro(4)"));
+}
+
+void BuildSaving(QVBoxLayout& content) {
+  content.addWidget(Text("lblSaving_File"));
+  content.addLayout(FieldRow("edFile", "btnFile"));
+}
+
+void BuildProject(QVBoxLayout& content) {
+  content.addWidget(Text("lblGeneral_Project"));
+  content.addLayout(FieldRow("edLocation", "btnLocation"));
+  content.addSpacing(8);
+  content.addWidget(Text("lblGeneral_Author"));
+  content.addWidget(Named<QLineEdit>("edAuthor"));
+  content.addSpacing(8);
+  content.addWidget(Named<QCheckBox>("chkAsync"));
+}
+
+void BuildProblem(QVBoxLayout& content) {
+  auto* grid = new QGridLayout;
+  const char* rows[][2] = {{"lblProblem_Type", "cmbType"},
+                           {"lblProblem_Class", "cmbClass"},
+                           {"lblProblem_Coord", "cmbCoord"},
+                           {"lblProblem_Units", "cmbUnit"}};
+  int row = 0;
+  for (const auto& [label, combo] : rows) {
+    grid->addWidget(Named<QLabel>(label), row, 0);
+    grid->addWidget(Named<QComboBox>(combo), row, 1);
+    ++row;
+  }
+  grid->setColumnStretch(1, 2);
+  grid->setColumnStretch(2, 1);  // the lists need no more than two thirds of the width
+  content.addLayout(grid);
+}
+
+// One basic file: its label, field and browse button, and its two options side by side.
+void BasicFile(QVBoxLayout& content, const char* label, const char* field, const char* button,
+               const char* code, const char* link) {
+  content.addWidget(Text(label));
+  content.addLayout(FieldRow(field, button));
+  auto* options = new QHBoxLayout;
+  for (const char* name : {code, link}) {
+    auto* option = Named<QRadioButton>(name);
+    option->setAutoExclusive(false);  // the form decides which one is selected
+    options->addWidget(option);
+  }
+  options->addStretch();
+  content.addLayout(options);
+}
+
+void BuildBasicFiles(QVBoxLayout& content) {
+  BasicFile(content, "lblData_ModelFile", "edModel", "btnModel", "optModelCode", "optModelLink");
+  BasicFile(content, "lblData_DataFile", "edData", "btnData", "optDataCode", "optDataLink");
+  content.addWidget(Text("lblData_Sketch"));
+  content.addLayout(FieldRow("edSketch", "btnSketch"));
+  auto* sketch = new QHBoxLayout;
+  sketch->addStretch();
+  sketch->addWidget(Named<QPushButton>("btnCreateSketch"));
+  content.addLayout(sketch);
+}
+
+void BuildInputs(QVBoxLayout& content) {
+  content.addWidget(Text("lblInput_List"));
+  content.addWidget(new InputPageView, 1);
+}
+
+void BuildOutputs(QVBoxLayout& content) { content.addWidget(new OutputPageView, 1); }
+
+void BuildFinish(QVBoxLayout& content) {
+  auto* row = new QHBoxLayout;
+  auto* icon = Named<QLabel>("imgResult");
+  icon->setFixedSize(40, 40);
+  row->addWidget(icon, 0, Qt::AlignTop);
+  auto* texts = new QVBoxLayout;
+  texts->addWidget(Text("lblFin1"));
+  texts->addSpacing(8);
+  texts->addWidget(Text("lblFin2"));
+  row->addLayout(texts, 1);
+  content.addLayout(row);
+}
+
+struct PageLayout {
+  const char* heading;
+  const char* explanation;  // nullptr: the page has none
+  void (*build)(QVBoxLayout&);
+};
+
+constexpr PageLayout kPages[] = {
+    {"lblIntro_Caption", nullptr, BuildIntroduction},
+    {"lblSaving_Caption", "lblSaving_Caption2", BuildSaving},
+    {"lblGeneral_Caption", "lblGeneral_Caption2", BuildProject},
+    {"lblProblem_Caption", "lblProblem_Caption2", BuildProblem},
+    {"lblData_Caption", "lblData_Caption2", BuildBasicFiles},
+    {"lblInput_Caption", "lblInput_Caption2", BuildInputs},
+    {"lblOutput_Caption", "lblOutput_Caption2", BuildOutputs},
+    {"lblFin_Caption", nullptr, BuildFinish},
+};
+
+// Pages whose list takes the spare height; the others keep their controls at the top.
+bool Stretches(int page) { return page == 5 || page == 6; }
+
+}  // namespace
+
+QWidget* BuildPage(int page) {
+  const PageLayout& layout = kPages[page];
+  auto* frame = new QWidget;
+  frame->setObjectName(QString("fraStep(%1)").arg(page));
+  auto* row = new QHBoxLayout(frame);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(new PictureStrip(page));
+  auto* content = new QVBoxLayout;
+  content->setContentsMargins(12, 8, 8, 0);
+  content->addWidget(Heading(layout.heading));
+  if (layout.explanation != nullptr) content->addWidget(Text(layout.explanation));
+  content->addSpacing(10);
+  layout.build(*content);
+  if (!Stretches(page)) content->addStretch();
+  row->addLayout(content, 1);
+  return frame;
+}
+
+}  // namespace wizard

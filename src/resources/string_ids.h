@@ -181,6 +181,7 @@ inline constexpr int kColumnMin = 13004;
 inline constexpr int kColumnMax = 13005;
 inline constexpr int kColumnDefault = 13006;
 inline constexpr int kInputEditButton = 13010;
+inline constexpr int kInputAddButton = 13011;
 inline constexpr int kInputDialogCaption = 13020;
 inline constexpr int kVariableLabel = 13021;
 inline constexpr int kUnitLabel = 13022;
@@ -204,6 +205,7 @@ inline constexpr int kAddParameterQuestion = 13050;
 // Output parameters page and custom output dialog.
 inline constexpr int kOutputDialogCaption = 13100;
 inline constexpr int kValueLabel = 13101;
+inline constexpr int kOutputValueColumn = 13104;  // header of lvOutput's expression column
 inline constexpr int kNewOutputName = 13102;
 inline constexpr int kNothingSelected = 13103;
 

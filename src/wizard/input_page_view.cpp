@@ -89,7 +89,7 @@ InputPageView::InputPageView(QWidget* parent) : QWidget(parent) {
           &InputPageView::PlaceEditor);
   connect(list_->header(), &QHeaderView::sectionResized, this, &InputPageView::PlaceEditor);
 
-  auto* add = PageButton("btnInputAdd", "Add");
+  auto* add = PageButton("btnInputAdd", ToQt(resources::LoadResString(resources::kInputAddButton)));
   auto* edit = PageButton("btnInputEdit", ToQt(resources::LoadResString(resources::kInputEditButton)));
   auto* remove = PageButton("btnInputRemove");
   connect(add, &QPushButton::clicked, this, [this] { Do([](InputPage& page) { page.AddClicked(); }); });

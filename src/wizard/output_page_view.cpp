@@ -8,7 +8,10 @@
 #include <QTreeWidget>
 
 #include "wizard/list_view_rows.h"
+#include "resources/string_ids.h"
+#include "resources/string_table.h"
 #include "wizard/output_dialog.h"
+#include "wizard/qt_text.h"
 
 namespace wizard {
 namespace {
@@ -41,7 +44,8 @@ QPushButton* PageButton(const char* name) {
 
 OutputPageView::OutputPageView(QWidget* parent) : QWidget(parent) {
   outputs_ = List("lvOutput", QAbstractItemView::SingleSelection);
-  outputs_->setHeaderLabels({"Description", "Value"});
+  outputs_->setHeaderLabels({ToQt(resources::LoadResString(resources::kColumnDescription)),
+                             ToQt(resources::LoadResString(resources::kOutputValueColumn))});
   outputs_->setColumnWidth(0, 170);
   standard_ = List("lvStandard", QAbstractItemView::ExtendedSelection);
   standard_->setHeaderHidden(true);

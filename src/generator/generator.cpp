@@ -26,6 +26,7 @@
 #include "generator/record_values.h"
 #include "generator/sections.h"
 #include "platform/path_parts.h"
+#include "resources/string_ids.h"
 #include "resources/string_table.h"
 #include "vbrt/error.h"
 #include "vbrt/numbers.h"
@@ -37,21 +38,7 @@ using platform::MsgAnswer;
 using platform::MsgButtons;
 using platform::MsgIcon;
 using resources::LoadResString;
-
-// Texts of the string table.
-constexpr int kCaption = 10015;
-constexpr int kCreatingProject = 10072;
-constexpr int kGeneratingCode = 10074;
-constexpr int kSavingProject = 10075;
-constexpr int kFolderExists = 10076;  // and 10077
-constexpr int kProjectFileExists = 10078;  // and 10079
-constexpr int kClassFileExists = 10080;  // and 10081
-constexpr int kModuleFileExists = 10082;  // and 10083
-constexpr int kCopyingFiles = 10084;
-constexpr int kSucceeded = 10091;
-constexpr int kAppTitle = 10092;
-constexpr int kDescriptionSuffix = 10401;
-constexpr int kNoHostLibrary = 10660;
+using namespace resources;  // the string numbers
 
 constexpr std::string_view kAnalysisLibrary = "{C0E82B4F-2FCB-11D3-BEC8-0080AD0EBF00}";
 constexpr std::string_view kProjectName = "Sondel";
@@ -103,16 +90,19 @@ bool Generator::Generate(session::FormState& form) {
 
   try {
     if (!PrepareFilesFolder()) return false;
-    if (!ChooseFileName(".vbp", kProjectFileExists, names_.project)) return false;
-    if (!ChooseFileName(".cls", kClassFileExists, names_.classFile)) return false;
-    if (!ChooseFileName(".bas", kModuleFileExists, names_.module)) return false;
+    if (!ChooseFileName(".vbp", kProjectFileExistsBefore,
+                        kProjectFileExistsAfter, names_.project)) return false;
+    if (!ChooseFileName(".cls", kClassFileExistsBefore,
+                        kClassFileExistsAfter, names_.classFile)) return false;
+    if (!ChooseFileName(".bas", kModuleFileExistsBefore,
+                        kModuleFileExistsAfter, names_.module)) return false;
   } catch (const std::exception& e) {
     Tell("Error: Preparing the files of project '" + form.theName + "' failed: " + Describe(e),
          MsgIcon::Critical);
     return false;
   }
 
-  progress_.Load(LoadResString(kCaption));
+  progress_.Load(LoadResString(kProgressCaption));
   progress_.SetBarVisible(false);
   progress_.Show();
   try {
@@ -125,14 +115,14 @@ bool Generator::Generate(session::FormState& form) {
 
   try {
     progress_.SetBarVisible(false);
-    progress_.SetState(LoadResString(kSavingProject));
+    progress_.SetState(LoadResString(kStateSavingProject));
     SaveAll();
   } catch (const std::exception& e) {
     return Abandon("Error: Saving the project failed: " + Describe(e));
   }
 
   progress_.Unload();
-  Tell(LoadResString(kSucceeded), MsgIcon::Exclamation);
+  Tell(LoadResString(kGenerationSucceeded), MsgIcon::Exclamation);
   return true;
 }
 
@@ -172,7 +162,7 @@ bool Generator::PrepareFilesFolder() {
     fs_.CreateFolder(candidate);
     return true;
   }
-  switch (Ask(LoadResString(kFolderExists) + candidate + LoadResString(kFolderExists + 1))) {
+  switch (Ask(LoadResString(kFilesFolderExistsBefore) + candidate + LoadResString(kFilesFolderExistsAfter))) {
     case MsgAnswer::Cancel:
       return false;
     case MsgAnswer::No: {
@@ -190,7 +180,8 @@ bool Generator::PrepareFilesFolder() {
   }
 }
 
-bool Generator::ChooseFileName(const char* extension, int questionText, std::string& name) {
+bool Generator::ChooseFileName(const char* extension, int questionBefore, int questionAfter,
+                               std::string& name) {
   const std::string& location = form_->theLocation;
   const std::string& project = form_->theName;
   std::string path = location + "\\" + project + extension;
@@ -198,7 +189,7 @@ bool Generator::ChooseFileName(const char* extension, int questionText, std::str
     name = project;
     return true;
   }
-  switch (Ask(LoadResString(questionText) + path + LoadResString(questionText + 1))) {
+  switch (Ask(LoadResString(questionBefore) + path + LoadResString(questionAfter))) {
     case MsgAnswer::Cancel:
       return false;
     case MsgAnswer::Yes:
@@ -224,7 +215,7 @@ bool Generator::ChooseFileName(const char* extension, int questionText, std::str
 
 void Generator::CopyBasicFiles() {
   const session::FormState& form = *form_;
-  progress_.SetState(LoadResString(kCopyingFiles));
+  progress_.SetState(LoadResString(kStateCopyingFiles));
   const std::string target = form.theLocation + form.FilesFolder + "\\";
   if (form.optModelLink.value) CopyIfNeeded(form.edModel, target + form.theName + "_Basic.mod");
   if (form.optDataLink.value && !form.edData.empty()) {
@@ -260,16 +251,16 @@ std::string Generator::PathOf(const std::string& base, const char* extension) co
 }
 
 bool Generator::CreateProject() {
-  const std::string caption = LoadResString(kCaption);
+  const std::string caption = LoadResString(kProgressCaption);
   try {
-    progress_.SetState(LoadResString(kCreatingProject));
+    progress_.SetState(LoadResString(kStateCreatingProject));
     project_ = &environment_.GetVBProjects().Add(platform::ProjectType::ActiveXDll, true);
     project_->SetName(kProjectName);
-    project_->SetDescription(form_->theName + LoadResString(kDescriptionSuffix));
+    project_->SetDescription(form_->theName + LoadResString(kProjectDescriptionSuffix));
     project_->GetReferences().AddFromGuid(kAnalysisLibrary, 5, 2);
 
     const std::string hostLibrary = FindHostTypeLibrary();
-    if (hostLibrary.empty()) return Abandon(LoadResString(kNoHostLibrary));
+    if (hostLibrary.empty()) return Abandon(LoadResString(kHostLibraryMissing));
     project_->GetReferences().AddFromGuid(hostLibrary, 2, 0);
 
     environment_.ActivateWindow(kProjectName);
@@ -300,7 +291,7 @@ bool Generator::CreateProject() {
 
 bool Generator::SetUpProgress() {
   const session::FormState& form = *form_;
-  progress_.SetState(LoadResString(kGeneratingCode));
+  progress_.SetState(LoadResString(kStateGeneratingCode));
   progress_.SetMin(0);
   float maximum = 0;
   try {

@@ -54,7 +54,8 @@ class Generator : public Emitter {
   };
 
   bool PrepareFilesFolder();
-  bool ChooseFileName(const char* extension, int questionText, std::string& name);
+  bool ChooseFileName(const char* extension, int questionBefore, int questionAfter,
+                      std::string& name);
   void CopyBasicFiles();
   void CopyIfNeeded(const std::string& from, const std::string& to);
   int16_t CountGeometricalInputs() const;

@@ -1,5 +1,6 @@
 #pragma once
-// Compares generated lines with a golden file under tests/golden/generator/sections/:
+// Compares generated lines with a golden file under tests/golden/generator/sections/
+// (or another folder under tests/golden/):
 // one generated line per file line, the file ending with a newline after its last line
 // (so a section that ends with two empty lines ends the file with three newlines).
 #include <gtest/gtest.h>
@@ -34,16 +35,18 @@ inline std::vector<std::string> ReadLfLines(const std::string& path) {
   return lines;
 }
 
-inline std::vector<std::string> ReadGoldenLines(std::string_view name) {
-  return ReadLfLines(std::string(EOW_TEST_DIR) + "/golden/generator/sections/" +
+inline std::vector<std::string> ReadGoldenLines(std::string_view name,
+                                                std::string_view folder = "generator/sections") {
+  return ReadLfLines(std::string(EOW_TEST_DIR) + "/golden/" + std::string(folder) + "/" +
                      std::string(name));
 }
 
 // Passes when `actual` equals the golden file line by line; otherwise names the first
 // differing line with both texts (blanks made visible by the brackets).
 inline ::testing::AssertionResult MatchesGolden(const std::vector<std::string>& actual,
-                                                std::string_view name) {
-  const std::vector<std::string> expected = ReadGoldenLines(name);
+                                                std::string_view name,
+                                                std::string_view folder = "generator/sections") {
+  const std::vector<std::string> expected = ReadGoldenLines(name, folder);
   const size_t common = std::min(expected.size(), actual.size());
   for (size_t i = 0; i < common; ++i) {
     if (expected[i] != actual[i]) {

@@ -45,6 +45,23 @@ void StartGmshOnce() {
   (void)started;
 }
 
+// Gmsh throws a parse error from inside its parser and leaves the rest of the file
+// buffered there, so every later file would fail with it. With errors not thrown the
+// parser reads to the end of the file; the last error it reported is the reason.
+void MergeWholeFile(const std::string& path) {
+  gmsh::option::setNumber("General.AbortOnError", 0);
+  try {
+    gmsh::merge(path);
+  } catch (...) {
+    gmsh::option::setNumber("General.AbortOnError", 2);
+    throw;
+  }
+  gmsh::option::setNumber("General.AbortOnError", 2);
+  std::string error;
+  gmsh::logger::getLastError(error);
+  if (!error.empty()) throw error;
+}
+
 std::string LowerExtension(const std::filesystem::path& path) {
   std::string extension = path.extension().string();
   std::transform(extension.begin(), extension.end(), extension.begin(),
@@ -84,7 +101,7 @@ class GmshApplication : public AnalysisApplication {
       }
       // open() would stay locked after a parse error and refuse every later file;
       // merging into the freshly cleared model does the same without that lock.
-      gmsh::merge(file.string());
+      MergeWholeFile(file.string());
       ModelContent content = ReadCurrentModel();
       gmsh::clear();
       return std::make_unique<SnapshotModel>(std::move(content));

@@ -139,6 +139,20 @@ CurveReading ReadCurve(int tag, const PointTable& points) {
   return reading;
 }
 
+// True when every loop of a surface boundary (signed curve numbers, as SurfaceOnLeft
+// takes them) returns to the vertex it started from; Gmsh accepts a surface whose
+// curve loop stays open.
+bool LoopsClose(const std::vector<int>& boundary, const std::vector<BoundaryCurve>& curves) {
+  bool open = false;
+  int loopStart = 0;
+  for (int entry : boundary) {
+    const BoundaryCurve& curve = curves.at(std::abs(entry) - 1);
+    if (!open) loopStart = entry > 0 ? curve.startVertex : curve.endVertex;
+    open = (entry > 0 ? curve.endVertex : curve.startVertex) != loopStart;
+  }
+  return !open;
+}
+
 }  // namespace
 
 ModelContent ReadCurrentModel() {
@@ -183,6 +197,9 @@ ModelContent ReadCurrentModel() {
     for (const auto& [curveDim, curve] : loop) {
       const int edge = edgeOfCurve.at(std::abs(curve)) + 1;
       signedEdges.push_back(curve < 0 ? -edge : edge);
+    }
+    if (!LoopsClose(signedEdges, boundaries)) {
+      Unsupported("the boundary of surface " + std::to_string(tag) + " does not close");
     }
     const int block = static_cast<int>(content.blocks.size());
     const std::vector<bool> onLeft = SurfaceOnLeft(signedEdges, boundaries);

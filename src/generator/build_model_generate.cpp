@@ -54,7 +54,14 @@ float ArcAngle(const EdgeGeometry& edge) {
   return static_cast<float>(angle);
 }
 
-std::string PointXY(const Point2& p) { return "ZX.PointXY(" + Num(p.x) + ", " + Num(p.y) + ")"; }
+std::string PointXY(const Point2& p) {
+  std::string text = "ZX.PointXY(";
+  text += Num(p.x);
+  text += ", ";
+  text += Num(p.y);
+  text += ')';
+  return text;
+}
 
 // Every edge is stamped with its number n in the opened model, so that the generated code
 // can find it again with Edges.Flagged(n).

@@ -6,9 +6,9 @@
 namespace generator {
 namespace {
 
-std::string Substitute(std::string_view line, Vars vars) {
-  std::string result;
-  result.reserve(line.size());
+// Writes `line` with its markers replaced into `result`.
+void Substitute(std::string_view line, Vars vars, std::string& result) {
+  result.clear();
   size_t pos = 0;
   while (pos < line.size()) {
     const size_t open = line.find('$', pos);
@@ -29,14 +29,16 @@ std::string Substitute(std::string_view line, Vars vars) {
     pos = close + 1;
   }
   result.append(line.substr(pos));
-  return result;
 }
 
 }  // namespace
 
 void Printer::Line(std::string_view line, Vars vars) {
-  const std::string text = line.find('$') == std::string_view::npos ? std::string(line)
-                                                                    : Substitute(line, vars);
+  std::string_view text = line;
+  if (line.find('$') != std::string_view::npos) {
+    Substitute(line, vars, substituted_);
+    text = substituted_;
+  }
   if (target_ == Target::Class) {
     out_.AddClassLine(text);
   } else {

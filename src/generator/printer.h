@@ -15,6 +15,7 @@
 // `$name$` is replaced by the value given for `name`; inserted values are not scanned
 // again. A marker without a value is a programming error (std::logic_error).
 #include <initializer_list>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -36,6 +37,7 @@ class Printer {
  private:
   Emitter& out_;
   Target target_;
+  std::string substituted_;  // the last line with its values, reused from line to line
 };
 
 }  // namespace generator

@@ -54,6 +54,7 @@ std::string TypeCaption(InputType type) {
 std::vector<InputRow> InputRows(const session::FormState& form) {
   const session::ListView& list = form.lvInput;
   std::vector<InputRow> rows;
+  rows.reserve(static_cast<std::size_t>(form.InputCount()));
   for (int i = 0; i < form.InputCount(); ++i) {
     rows.push_back({list.Item(i).text, list.SubItem(i, kInputType),
                     list.SubItem(i, kInputVariable), list.SubItem(i, kInputUnit),

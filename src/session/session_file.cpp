@@ -77,7 +77,12 @@ class Reader {
   }
 
  private:
-  std::string ReadLine() { return vbrt::FromAnsi(files_.LineInput(kFile)); }
+  std::string ReadLine() {
+    std::string line = files_.LineInput(kFile);
+    // Most lines are plain ASCII, the same in UTF-8: they are kept without a copy.
+    if (vbrt::IsCodePageNeutral(line)) return line;
+    return vbrt::FromAnsi(line);
+  }
 
   // Each section runs to its empty line; false when it fails.
   bool General() {
@@ -165,7 +170,12 @@ class Reader {
 };
 
 void Print(vbrt::FileTable& files, std::string_view line) {
-  files.PrintLine(kFile, vbrt::ToAnsi(line));
+  // Most lines are plain ASCII, the same in the code page: they are written without a copy.
+  if (vbrt::IsCodePageNeutral(line)) {
+    files.PrintLine(kFile, line);
+  } else {
+    files.PrintLine(kFile, vbrt::ToAnsi(line));
+  }
 }
 
 void PrintSection(vbrt::FileTable& files, std::string_view header,

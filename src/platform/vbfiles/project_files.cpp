@@ -1,6 +1,5 @@
 #include "platform/vbfiles/project_files.h"
 
-#include <cctype>
 #include <cerrno>
 #include <cstdio>
 #include <fstream>
@@ -10,18 +9,6 @@
 
 namespace platform::vbfiles {
 namespace {
-
-constexpr std::string_view kCrLf = "\r\n";
-
-bool StartsWithRem(std::string_view line) {
-  std::size_t i = 0;
-  while (i < line.size() && (line[i] == ' ' || line[i] == '\t')) ++i;
-  if (line.size() - i < 3) return false;
-  for (std::size_t k = 0; k < 3; ++k) {
-    if (std::tolower(static_cast<unsigned char>(line[i + k])) != "rem"[k]) return false;
-  }
-  return line.size() == i + 3 || line[i + 3] == ' ' || line[i + 3] == '\t';
-}
 
 // The fixed compile settings of a new ActiveX DLL project, after its name and description.
 constexpr std::string_view kDllSettings =
@@ -61,16 +48,6 @@ constexpr std::string_view kClassHeader =
     "  MTSTransactionMode  = 0  'NotAnMTSObject\r\n"
     "END\r\n";
 
-void AppendLines(std::string& text, const std::vector<std::string>& lines) {
-  std::size_t size = text.size();
-  for (const std::string& line : lines) size += line.size() + kCrLf.size();
-  text.reserve(size);
-  for (const std::string& line : lines) {
-    text += line;
-    text += kCrLf;
-  }
-}
-
 std::string AttributeName(std::string_view name) {
   return "Attribute VB_Name = \"" + std::string(name) + "\"\r\n";
 }
@@ -88,22 +65,6 @@ std::string AttributeName(std::string_view name) {
 }
 
 }  // namespace
-
-std::string CloseOpenLiteral(std::string_view line) {
-  bool inString = false;
-  if (!StartsWithRem(line)) {
-    for (char c : line) {
-      if (c == '"') {
-        inString = !inString;
-      } else if (c == '\'' && !inString) {
-        break;
-      }
-    }
-  }
-  std::string stored(line);
-  if (inString) stored += '"';
-  return stored;
-}
 
 std::string ProjectFileText(const ProjectFile& project) {
   std::string text = "Type=OleDll\r\n";
@@ -124,7 +85,7 @@ std::string ProjectFileText(const ProjectFile& project) {
   return text;
 }
 
-std::string ClassFileText(std::string_view name, const std::vector<std::string>& lines) {
+std::string ClassFileHeader(std::string_view name) {
   std::string text(kClassHeader);
   text += AttributeName(name);
   text +=
@@ -132,17 +93,12 @@ std::string ClassFileText(std::string_view name, const std::vector<std::string>&
       "Attribute VB_Creatable = True\r\n"
       "Attribute VB_PredeclaredId = False\r\n"
       "Attribute VB_Exposed = True\r\n";
-  AppendLines(text, lines);
   return text;
 }
 
-std::string ModuleFileText(std::string_view name, const std::vector<std::string>& lines) {
-  std::string text = AttributeName(name);
-  AppendLines(text, lines);
-  return text;
-}
+std::string ModuleFileHeader(std::string_view name) { return AttributeName(name); }
 
-void ReplaceFile(const std::filesystem::path& target, std::string_view bytes) {
+void ReplaceFile(const std::filesystem::path& target, std::span<const std::string_view> parts) {
   std::filesystem::path temp = target;
   temp += ".eow-tmp";
   std::error_code ec;
@@ -152,7 +108,9 @@ void ReplaceFile(const std::filesystem::path& target, std::string_view bytes) {
       ec = std::error_code(errno ? errno : EACCES, std::generic_category());
       FailWrite(target, ec);
     }
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    for (const std::string_view bytes : parts) {
+      out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    }
     out.flush();
     if (!out) {
       out.close();

@@ -1,18 +1,14 @@
 #pragma once
 // The texts of the files that the development environment saves for a project and its
-// components, and how a code line is stored when it is inserted. Texts are UTF-8 with
-// CR LF line ends; the environment converts them to the ANSI code page when it writes.
+// components. Texts are UTF-8 with CR LF line ends; the environment converts them to the
+// ANSI code page when it writes.
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace platform::vbfiles {
-
-// The line as the environment's editor stores it: a string literal that the line leaves
-// open (an odd number of double quotes before any comment) gets a closing double quote.
-// A "'" outside a string, or a leading "Rem", starts a comment.
-std::string CloseOpenLiteral(std::string_view line);
 
 struct TypeLibReference {
   std::string guid;  // "{...}"
@@ -37,13 +33,15 @@ struct ProjectFile {
 
 // The .vbp of an ActiveX DLL project.
 std::string ProjectFileText(const ProjectFile& project);
-// The .cls of a public, creatable class named `name` holding `lines`.
-std::string ClassFileText(std::string_view name, const std::vector<std::string>& lines);
-// The .bas of a standard module named `name` holding `lines`.
-std::string ModuleFileText(std::string_view name, const std::vector<std::string>& lines);
+// What the .cls of a public, creatable class named `name` holds before its code (the
+// class's lines, each ended by CR LF, follow it in the file).
+std::string ClassFileHeader(std::string_view name);
+// What the .bas of a standard module named `name` holds before its code.
+std::string ModuleFileHeader(std::string_view name);
 
-// Replaces `target` with `bytes` through a temporary file beside it and a rename, so that
-// the target never holds a half-written file. Throws vbrt::VbError naming the target.
-void ReplaceFile(const std::filesystem::path& target, std::string_view bytes);
+// Replaces `target` with the bytes of `parts`, one after the other, through a temporary
+// file beside it and a rename, so that the target never holds a half-written file.
+// Throws vbrt::VbError naming the target.
+void ReplaceFile(const std::filesystem::path& target, std::span<const std::string_view> parts);
 
 }  // namespace platform::vbfiles

@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "platform/path_parts.h"
+#include "platform/vbfiles/code_lines.h"
 #include "platform/vbfiles/project_files.h"
 #include "vbrt/codepage.h"
 #include "vbrt/error.h"
@@ -42,8 +43,15 @@ std::string RegistryText(const Registry& registry, const std::string& key) {
   return text ? *text : std::string();
 }
 
-void WriteAnsi(FileSystem& fs, std::string_view path, const std::string& utf8) {
-  vbfiles::ReplaceFile(fs.ToNative(path), vbrt::ToAnsi(utf8));
+// Writes `parts`, one after the other, to the file at `path` in the ANSI code page.
+void WriteAnsi(FileSystem& fs, std::string_view path, std::vector<std::string_view> parts) {
+  // Generated code is mostly plain ASCII: such a part is written as it is, without a copy.
+  std::vector<std::string> converted;
+  converted.reserve(parts.size());
+  for (std::string_view& part : parts) {
+    if (!vbrt::IsCodePageNeutral(part)) part = converted.emplace_back(vbrt::ToAnsi(part));
+  }
+  vbfiles::ReplaceFile(fs.ToNative(path), parts);
 }
 
 class FilesCodeModule : public CodeModule {
@@ -52,7 +60,7 @@ class FilesCodeModule : public CodeModule {
 
   int CountOfLines() const override {
     Check(failures_, "CodeModule.CountOfLines");
-    return static_cast<int>(lines_.size());
+    return lines_.Count();
   }
 
   void InsertLines(int line, std::string_view text) override {
@@ -60,30 +68,14 @@ class FilesCodeModule : public CodeModule {
     if (line < 1 || line > CountOfLines() + 1) {
       throw vbrt::VbError(kInvalidArgument, "Invalid procedure call or argument");
     }
-    // Several lines may come in one text; the editor stores each on its own. Appending
-    // one line, as generation does for every line, stays O(1).
-    const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
-    if (line == CountOfLines() + 1 && std::none_of(text.begin(), text.end(), isLineEnd)) {
-      lines_.push_back(vbfiles::CloseOpenLiteral(text));
-      return;
-    }
-    std::vector<std::string> stored;
-    auto start = text.begin();
-    while (true) {
-      const auto end = std::find_if(start, text.end(), isLineEnd);
-      stored.push_back(vbfiles::CloseOpenLiteral(std::string_view(start, end)));
-      if (end == text.end()) break;
-      start = end + (*end == '\r' && end + 1 != text.end() && end[1] == '\n' ? 2 : 1);
-    }
-    lines_.insert(lines_.begin() + (line - 1), std::make_move_iterator(stored.begin()),
-                  std::make_move_iterator(stored.end()));
+    lines_.Insert(line - 1, text);
   }
 
-  const std::vector<std::string>& Lines() const { return lines_; }
+  std::vector<std::string_view> Pieces() const { return lines_.Pieces(); }
 
  private:
   const Failures& failures_;
-  std::vector<std::string> lines_;
+  vbfiles::CodeLines lines_;
 };
 
 class FilesComponent : public VBComponent {
@@ -98,9 +90,12 @@ class FilesComponent : public VBComponent {
   }
   void SaveAs(std::string_view path) override {
     Check(failures_, "VBComponent.SaveAs");
-    WriteAnsi(fs_, path,
-              kind_ == ComponentKind::ClassModule ? vbfiles::ClassFileText(name_, code_.Lines())
-                                                  : vbfiles::ModuleFileText(name_, code_.Lines()));
+    const std::string header = kind_ == ComponentKind::ClassModule
+                                   ? vbfiles::ClassFileHeader(name_)
+                                   : vbfiles::ModuleFileHeader(name_);
+    std::vector<std::string_view> parts = code_.Pieces();
+    parts.insert(parts.begin(), header);
+    WriteAnsi(fs_, path, std::move(parts));
     file_ = path;
   }
   CodeModule& GetCodeModule() override { return code_; }
@@ -149,7 +144,7 @@ class FilesProject : public VBProject, VBComponents, References {
                                  component.Name(),
                                  beside ? FileName(component.File()) : component.File()});
     }
-    WriteAnsi(fs_, path, vbfiles::ProjectFileText(file));
+    WriteAnsi(fs_, path, {vbfiles::ProjectFileText(file)});
   }
 
   // VBComponents

@@ -10,13 +10,6 @@
 namespace generator {
 namespace {
 
-// Sub-items of an input row.
-constexpr int kInputType = 1;
-constexpr int kInputVariable = 2;
-constexpr int kInputUnit = 3;
-constexpr int kInputMin = 4;
-constexpr int kInputMax = 5;
-constexpr int kInputDefault = 6;
 
 // The text of base + the selected position, a 16-bit sum as the wizard computes it.
 std::string TextAt(int base, const session::ComboBox& list) {
@@ -56,10 +49,10 @@ std::vector<InputRow> InputRows(const session::FormState& form) {
   std::vector<InputRow> rows;
   rows.reserve(static_cast<std::size_t>(form.InputCount()));
   for (int i = 0; i < form.InputCount(); ++i) {
-    rows.push_back({list.Item(i).text, list.SubItem(i, kInputType),
-                    list.SubItem(i, kInputVariable), list.SubItem(i, kInputUnit),
-                    list.SubItem(i, kInputMin), list.SubItem(i, kInputMax),
-                    list.SubItem(i, kInputDefault)});
+    rows.push_back({list.Item(i).text, list.SubItem(i, session::kInputType),
+                    list.SubItem(i, session::kInputVariable), list.SubItem(i, session::kInputUnit),
+                    list.SubItem(i, session::kInputMin), list.SubItem(i, session::kInputMax),
+                    list.SubItem(i, session::kInputDefault)});
   }
   return rows;
 }

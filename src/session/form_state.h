@@ -47,6 +47,16 @@ inline constexpr int kInputColumns = 7;   // Description, Type, Variable, Unit, 
 inline constexpr int kOutputColumns = 2;  // Description, Value
 inline constexpr const char* kNewInputText = "<new>";
 
+// Sub-items of an lvInput row; the row's own text is the Description.
+inline constexpr int kInputType = 1;
+inline constexpr int kInputVariable = 2;
+inline constexpr int kInputUnit = 3;
+inline constexpr int kInputMin = 4;
+inline constexpr int kInputMax = 5;
+inline constexpr int kInputDefault = 6;
+// Sub-item of an lvOutput row: the result expression.
+inline constexpr int kOutputValue = 1;
+
 class FormState {
  public:
   // The record as a freshly started wizard holds it: the four choice lists filled from

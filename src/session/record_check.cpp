@@ -126,8 +126,9 @@ class Checker {
         Add(where, "the variable " + Quoted(variable) + " is not unique");
       }
       Literal(where, "the variable", variable);
-      Literal(where, "the unit", list.SubItem(row, 3));
-      Limits(where, list.SubItem(row, 4), list.SubItem(row, 5), list.SubItem(row, 6));
+      Literal(where, "the unit", list.SubItem(row, kInputUnit));
+      Limits(where, list.SubItem(row, kInputMin), list.SubItem(row, kInputMax),
+             list.SubItem(row, kInputDefault));
     }
   }
 

@@ -29,12 +29,12 @@ std::vector<Field> InputFields(const FormState& form, int row) {
   const ListView& list = form.lvInput;
   return {
       {"DESCRIPTION", list.Item(row).text},
-      {"TYPE", list.SubItem(row, 1)},
-      {"VARIABLE", list.SubItem(row, 2)},
-      {"UNIT", list.SubItem(row, 3)},
-      {"MIN", list.SubItem(row, 4)},
-      {"MAX", list.SubItem(row, 5)},
-      {"DEFAULT", list.SubItem(row, 6)},
+      {"TYPE", list.SubItem(row, kInputType)},
+      {"VARIABLE", list.SubItem(row, kInputVariable)},
+      {"UNIT", list.SubItem(row, kInputUnit)},
+      {"MIN", list.SubItem(row, kInputMin)},
+      {"MAX", list.SubItem(row, kInputMax)},
+      {"DEFAULT", list.SubItem(row, kInputDefault)},
   };
 }
 
@@ -44,7 +44,7 @@ std::vector<Field> OutputFields(const FormState& form, int row) {
       {"DESCRIPTION", item.text},
       {"KEY", item.key},
       {"ICON", item.smallIcon ? std::to_string(*item.smallIcon) : std::string()},
-      {"VALUE", form.lvOutput.SubItem(row, 1)},
+      {"VALUE", form.lvOutput.SubItem(row, kOutputValue)},
   };
 }
 

@@ -74,12 +74,12 @@ DriveMap DriveMap::FromEnvironment() {
   return map;
 }
 
-void DriveMap::Add(std::string_view spec) {
-  if (spec.size() < 3 || !std::isalpha(static_cast<unsigned char>(spec[0])) || spec[1] != '=') {
-    throw std::invalid_argument("drive mapping '" + std::string(spec) +
+void DriveMap::Add(std::string_view mapping) {
+  if (mapping.size() < 3 || !std::isalpha(static_cast<unsigned char>(mapping[0])) || mapping[1] != '=') {
+    throw std::invalid_argument("drive mapping '" + std::string(mapping) +
                                 "' is not of the form X=/folder");
   }
-  Set(spec[0], fs::absolute(fs::path(spec.substr(2))));
+  Set(mapping[0], fs::absolute(fs::path(mapping.substr(2))));
 }
 
 void DriveMap::Set(char letter, fs::path folder) { explicit_[Upper(letter)] = std::move(folder); }

@@ -18,8 +18,8 @@ class DriveMap {
   static DriveMap FromEnvironment();
 
   // Adds a mapping given as "X=/dir" (the letter in either case). Throws
-  // std::invalid_argument naming the spec when it is not of that form.
-  void Add(std::string_view spec);
+  // std::invalid_argument naming the mapping when it is not of that form.
+  void Add(std::string_view mapping);
   // Maps `letter` to `folder`, replacing an earlier mapping.
   void Set(char letter, std::filesystem::path folder);
 

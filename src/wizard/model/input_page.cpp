@@ -17,13 +17,6 @@ using platform::MsgButtons;
 using platform::MsgIcon;
 using resources::LoadResString;
 
-// Sub-items of lvInput.
-constexpr int kSubType = 1;
-constexpr int kSubVariable = 2;
-constexpr int kSubUnit = 3;
-constexpr int kSubMin = 4;
-constexpr int kSubMax = 5;
-constexpr int kSubDefault = 6;
 
 // The dialog offers the first three types only; "Problem" is reachable through lvCombo.
 constexpr int kDialogTypeOptions = 3;
@@ -102,7 +95,7 @@ bool InputPage::CheckDescription(std::string_view text, int row, std::string& me
 }
 
 bool InputPage::CheckVariable(std::string_view text, int row, std::string& message) const {
-  if (row >= 0 && text == lvInput_.SubItem(row, kSubVariable)) return true;
+  if (row >= 0 && text == lvInput_.SubItem(row, session::kInputVariable)) return true;
   int refusal = 0;
   if (text.empty()) {
     refusal = resources::kVariableEmpty;
@@ -111,7 +104,7 @@ bool InputPage::CheckVariable(std::string_view text, int row, std::string& messa
     refusal = resources::kVariableInvalid;
   } else {
     for (int i = 0; i < lvInput_.Count(); ++i) {
-      if (lvInput_.SubItem(i, kSubVariable) == text) {
+      if (lvInput_.SubItem(i, session::kInputVariable) == text) {
         refusal = resources::kVariableNotUnique;
         break;
       }
@@ -128,7 +121,7 @@ std::string InputPage::NextParameterName() const {
   std::vector<bool> taken(static_cast<std::size_t>(limit) + 1, false);
   for (int i = 0; i < lvInput_.Count(); ++i) {
     taken[static_cast<std::size_t>(DefaultNameNumber(lvInput_.Item(i).text, limit))] = true;
-    taken[static_cast<std::size_t>(DefaultNameNumber(lvInput_.SubItem(i, kSubVariable), limit))] =
+    taken[static_cast<std::size_t>(DefaultNameNumber(lvInput_.SubItem(i, session::kInputVariable), limit))] =
         true;
   }
   int n = 1;
@@ -145,12 +138,12 @@ bool InputPage::AskToAddAt(int row) {
   const std::string name = NextParameterName();
   lvInput_.Add(session::kNewInputText);
   lvInput_.SetText(row, name);
-  lvInput_.SetSubItem(row, kSubType, typeItems_.front());
-  lvInput_.SetSubItem(row, kSubVariable, name);
-  lvInput_.SetSubItem(row, kSubUnit, "");
-  lvInput_.SetSubItem(row, kSubMin, "0");
-  lvInput_.SetSubItem(row, kSubMax, "10");
-  lvInput_.SetSubItem(row, kSubDefault, "1");
+  lvInput_.SetSubItem(row, session::kInputType, typeItems_.front());
+  lvInput_.SetSubItem(row, session::kInputVariable, name);
+  lvInput_.SetSubItem(row, session::kInputUnit, "");
+  lvInput_.SetSubItem(row, session::kInputMin, "0");
+  lvInput_.SetSubItem(row, session::kInputMax, "10");
+  lvInput_.SetSubItem(row, session::kInputDefault, "1");
   return true;
 }
 
@@ -219,12 +212,12 @@ bool InputPage::CommitCell() {
       SetVariable(row, editor_.text);
       return true;
     case kColUnit:
-      lvInput_.SetSubItem(row, kSubUnit, editor_.text);
+      lvInput_.SetSubItem(row, session::kInputUnit, editor_.text);
       return true;
     case kColType:
       // A cell whose text is none of the types keeps it until one is chosen.
       if (editor_.typeIndex >= 0) {
-        lvInput_.SetSubItem(row, kSubType, typeItems_[static_cast<std::size_t>(editor_.typeIndex)]);
+        lvInput_.SetSubItem(row, session::kInputType, typeItems_[static_cast<std::size_t>(editor_.typeIndex)]);
       }
       CloseEditor();
       return true;
@@ -264,7 +257,7 @@ void InputPage::KeepOrdered(int column, double value) {
 void InputPage::SetVariable(int row, std::string variable) {
   // A row made by the dialog is keyed by its variable; it stays so.
   if (!lvInput_.Item(row).key.empty()) lvInput_.SetKey(row, variable);
-  lvInput_.SetSubItem(row, kSubVariable, std::move(variable));
+  lvInput_.SetSubItem(row, session::kInputVariable, std::move(variable));
 }
 
 void InputPage::KeyEnter(bool shift) {
@@ -335,12 +328,12 @@ void InputPage::OpenDialog(int row) {
   dialog_.shown = true;
   if (row >= 0) {
     dialog_.edName = lvInput_.Item(row).text;
-    dialog_.edVariable = lvInput_.SubItem(row, kSubVariable);
-    dialog_.edUnit = lvInput_.SubItem(row, kSubUnit);
-    dialog_.edMin = lvInput_.SubItem(row, kSubMin);
-    dialog_.edMax = lvInput_.SubItem(row, kSubMax);
-    dialog_.edValue = lvInput_.SubItem(row, kSubDefault);
-    const std::string& type = lvInput_.SubItem(row, kSubType);
+    dialog_.edVariable = lvInput_.SubItem(row, session::kInputVariable);
+    dialog_.edUnit = lvInput_.SubItem(row, session::kInputUnit);
+    dialog_.edMin = lvInput_.SubItem(row, session::kInputMin);
+    dialog_.edMax = lvInput_.SubItem(row, session::kInputMax);
+    dialog_.edValue = lvInput_.SubItem(row, session::kInputDefault);
+    const std::string& type = lvInput_.SubItem(row, session::kInputType);
     const auto offered = typeItems_.begin() + kDialogTypeOptions;
     const auto found = std::find(typeItems_.begin(), offered, type);
     dialog_.typeOption = found == offered ? -1 : static_cast<int>(found - typeItems_.begin());
@@ -387,9 +380,9 @@ bool InputPage::DialogAccept() {
   int row = editRow_;
   const std::string type =
       dialog_.typeOption >= 0 ? typeItems_[static_cast<std::size_t>(dialog_.typeOption)]
-      : row >= 0             ? lvInput_.SubItem(row, kSubType)
+      : row >= 0             ? lvInput_.SubItem(row, session::kInputType)
                              : typeItems_.front();
-  if (row >= 0 && lvInput_.SubItem(row, kSubVariable) != dialog_.edVariable) {
+  if (row >= 0 && lvInput_.SubItem(row, session::kInputVariable) != dialog_.edVariable) {
     lvInput_.Remove(row);
     row = -1;
   }
@@ -398,12 +391,12 @@ bool InputPage::DialogAccept() {
   } else {
     lvInput_.SetText(row, dialog_.edName);
   }
-  lvInput_.SetSubItem(row, kSubType, type);
-  lvInput_.SetSubItem(row, kSubVariable, dialog_.edVariable);
-  lvInput_.SetSubItem(row, kSubUnit, dialog_.edUnit);
-  lvInput_.SetSubItem(row, kSubMin, dialog_.edMin.empty() ? "0" : dialog_.edMin);
-  lvInput_.SetSubItem(row, kSubMax, dialog_.edMax.empty() ? "10" : dialog_.edMax);
-  lvInput_.SetSubItem(row, kSubDefault, dialog_.edValue.empty() ? "1" : dialog_.edValue);
+  lvInput_.SetSubItem(row, session::kInputType, type);
+  lvInput_.SetSubItem(row, session::kInputVariable, dialog_.edVariable);
+  lvInput_.SetSubItem(row, session::kInputUnit, dialog_.edUnit);
+  lvInput_.SetSubItem(row, session::kInputMin, dialog_.edMin.empty() ? "0" : dialog_.edMin);
+  lvInput_.SetSubItem(row, session::kInputMax, dialog_.edMax.empty() ? "10" : dialog_.edMax);
+  lvInput_.SetSubItem(row, session::kInputDefault, dialog_.edValue.empty() ? "1" : dialog_.edValue);
   DialogCancel();
   return true;
 }

@@ -107,7 +107,8 @@ bool FileTable::Eof(int number) {
 void FileTable::PrintLine(int number, std::string_view bytes) {
   Entry& entry = Get(number);
   if (entry.mode != Mode::Output) Raise(kBadFileMode);
-  if (std::fwrite(bytes.data(), 1, bytes.size(), entry.file) != bytes.size() ||
+  // An empty line may come without any storage behind it; fwrite must not see that.
+  if ((!bytes.empty() && std::fwrite(bytes.data(), 1, bytes.size(), entry.file) != bytes.size()) ||
       std::fwrite("\r\n", 1, 2, entry.file) != 2) {
     Raise(WriteError());
   }

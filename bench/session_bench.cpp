@@ -2,12 +2,15 @@
 // bytes plainly.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <string_view>
 
 #include "bench_files.h"
 #include "hardening/generation_rig.h"
 #include "platform/posix/posix_file_system.h"
 #include "session/session_file.h"
+#include "vbrt/line_end.h"
 
 namespace {
 
@@ -54,6 +57,27 @@ void BM_PlainReadOfSessionBytes(benchmark::State& state) {
   state.SetBytesProcessed(static_cast<int64_t>(fs::file_size(file) * state.iterations()));
 }
 
+// The least any line-by-line reader does: the bytes read plainly, split into lines and
+// each line at its "=". What loading adds beyond this is the record itself.
+void BM_SplitSessionIntoFields(benchmark::State& state) {
+  const fs::path& file = SessionFile();
+  for (auto _ : state) {
+    const std::string bytes = bench::PlainRead(file);
+    std::string_view rest = bytes;
+    std::size_t values = 0;
+    while (!rest.empty()) {
+      const std::size_t end = vbrt::FindLineEnd(rest);
+      const std::string_view line = rest.substr(0, end);
+      if (const std::size_t equals = line.find('='); equals != std::string_view::npos) {
+        values += line.size() > equals + 1 ? 1 : 0;
+      }
+      rest.remove_prefix(std::min(rest.size(), end + (rest.substr(end, 2) == "\r\n" ? 2 : 1)));
+    }
+    benchmark::DoNotOptimize(values);
+  }
+  state.SetBytesProcessed(static_cast<int64_t>(fs::file_size(file) * state.iterations()));
+}
+
 void BM_SessionSave(benchmark::State& state) {
   const session::FormState form = hardening::LargeRecord(kInputs, kOutputs);
   const std::string path = (bench::ScratchFolder() / "saved.bvg").string();
@@ -76,6 +100,7 @@ void BM_PlainWriteOfSessionBytes(benchmark::State& state) {
 
 BENCHMARK(BM_SessionLoad)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_PlainReadOfSessionBytes)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_SplitSessionIntoFields)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_SessionSave)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_PlainWriteOfSessionBytes)->Unit(benchmark::kMillisecond)->UseRealTime();
 

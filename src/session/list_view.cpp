@@ -53,12 +53,9 @@ void ListView::SetText(int index, std::string text) { At(index).text = std::move
 void ListView::SetSubItem(int index, int subItem, std::string text) {
   ListItem& item = At(index);
   if (subItem < 1 || subItem >= columns_) vbrt::Raise(vbrt::kInvalidPropertyValue);
-  // Sub-items are stored up to the highest one set; the others read as "". Room for all
-  // of them is made at once, as a row's sub-items are usually set one after the other.
-  if (item.subItems.size() < static_cast<std::size_t>(subItem)) {
-    item.subItems.reserve(static_cast<std::size_t>(columns_ - 1));
-    item.subItems.resize(subItem);
-  }
+  // A row's sub-items are stored once the first is set, all at once: they are usually set
+  // one after the other. Until then they read as "".
+  if (item.subItems.empty()) item.subItems.resize(static_cast<std::size_t>(columns_ - 1));
   item.subItems[static_cast<std::size_t>(subItem - 1)] = std::move(text);
 }
 

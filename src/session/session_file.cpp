@@ -58,11 +58,13 @@ class Reader {
   // The top level: sections until "[END]" or the end of the file. Throws on a run-time
   // failure inside a section.
   bool Run() {
-    std::string line;
-    while (line != kEnd && !files_.Eof(kFile)) {
-      line = ReadLine();
+    bool ended = false;
+    while (!ended && !files_.Eof(kFile)) {
+      const std::string_view line = ReadLine();
       bool ok = true;
-      if (line == kGeneral) {
+      if (line == kEnd) {
+        ended = true;
+      } else if (line == kGeneral) {
         ok = General();
       } else if (line == kInput) {
         ok = Input();
@@ -71,22 +73,23 @@ class Reader {
       }
       if (!ok) return false;
     }
-    if (line != kEnd) return false;
+    if (!ended) return false;
     files_.Close(kFile);
     return true;
   }
 
- private:
-  std::string ReadLine() {
-    std::string line = files_.LineInput(kFile);
-    // Most lines are plain ASCII, the same in UTF-8: they are kept without a copy.
+  // The next line in UTF-8, valid until the next read.
+  std::string_view ReadLine() {
+    const std::string_view line = files_.LineInput(kFile);
+    // Most lines are plain ASCII, the same in UTF-8: they are used in place.
     if (vbrt::IsCodePageNeutral(line)) return line;
-    return vbrt::FromAnsi(line);
+    converted_ = vbrt::FromAnsi(line);
+    return converted_;
   }
 
   // Each section runs to its empty line; false when it fails.
   bool General() {
-    for (std::string line = ReadLine(); !line.empty(); line = ReadLine()) {
+    for (std::string_view line = ReadLine(); !line.empty(); line = ReadLine()) {
       const KeyLine field(line);
       const std::string_view key = field.key;
       if (key == "APPLICATION") {
@@ -126,7 +129,7 @@ class Reader {
   bool Input() {
     ListView& list = form_.lvInput;
     bool described = false;
-    for (std::string line = ReadLine(); !line.empty(); line = ReadLine()) {
+    for (std::string_view line = ReadLine(); !line.empty(); line = ReadLine()) {
       const KeyLine field(line);
       if (field.key == "DESCRIPTION") {
         const std::string_view description = field.Value();
@@ -145,7 +148,7 @@ class Reader {
   bool Output() {
     ListView& list = form_.lvOutput;
     int row = -1;
-    for (std::string line = ReadLine(); !line.empty(); line = ReadLine()) {
+    for (std::string_view line = ReadLine(); !line.empty(); line = ReadLine()) {
       const KeyLine field(line);
       const std::string_view key = field.key;
       if (key == "DESCRIPTION") {
@@ -167,6 +170,7 @@ class Reader {
   FormState& form_;
   vbrt::FileTable& files_;
   std::string& message_;
+  std::string converted_;  // the last line read, when it needed converting
 };
 
 void Print(vbrt::FileTable& files, std::string_view line) {

@@ -1,6 +1,5 @@
 #include "vbrt/file_table.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <system_error>
@@ -8,12 +7,13 @@
 #include <vector>
 
 #include "vbrt/error.h"
+#include "vbrt/line_end.h"
 
 namespace vbrt {
 namespace {
 
-constexpr int kMaxFileNumber = 511;
 constexpr std::size_t kReadChunk = 64 * 1024;
+constexpr std::size_t kWriteChunk = 64 * 1024;
 
 // The error of a failed write; call right after the failing call, while errno holds
 // its reason.
@@ -42,6 +42,11 @@ struct FileTable::Entry {
   std::vector<char> buffer;
   std::size_t begin = 0;
   std::size_t end = 0;
+  // A line that runs across reads, gathered here.
+  std::string line;
+  // Output files: printed lines not handed to the file yet. One write per chunk instead
+  // of two per line keeps saving a large session quick.
+  std::string pending;
 
   ~Entry() {
     if (file) std::fclose(file);
@@ -55,47 +60,64 @@ struct FileTable::Entry {
     if (end == 0 && std::ferror(file)) Raise(kDeviceIoError);
     return end > 0;
   }
+
+  void Flush() {
+    if (pending.empty()) return;
+    if (std::fwrite(pending.data(), 1, pending.size(), file) != pending.size()) Raise(WriteError());
+    pending.clear();
+  }
 };
 
 FileTable::FileTable() = default;
 FileTable::~FileTable() = default;
 
 void FileTable::Open(int number, const std::filesystem::path& path, Mode mode) {
-  if (number < 1 || number > kMaxFileNumber) Raise(kBadFileNameOrNumber);
-  if (entries_.count(number)) Raise(kFileAlreadyOpen);
+  if (number < 1 || number > kMaxNumber) Raise(kBadFileNameOrNumber);
+  if (Find(number)) Raise(kFileAlreadyOpen);
   CheckOpenable(path, mode);
   auto entry = std::make_unique<Entry>();
   entry->mode = mode;
   entry->file = std::fopen(path.string().c_str(), mode == Mode::Input ? "rb" : "wb");
   if (!entry->file) Raise(mode == Mode::Input ? kPermissionDenied : kPathFileAccessError);
   if (mode == Mode::Input) entry->buffer.resize(kReadChunk);
-  entries_[number] = std::move(entry);
+  entries_[static_cast<std::size_t>(number)] = std::move(entry);
 }
 
 FileTable::Entry& FileTable::Get(int number) {
-  const auto it = entries_.find(number);
-  if (it == entries_.end()) Raise(kBadFileNameOrNumber);
-  return *it->second;
+  Entry* entry = Find(number);
+  if (!entry) Raise(kBadFileNameOrNumber);
+  return *entry;
 }
 
-std::string FileTable::LineInput(int number) {
+std::string_view FileTable::LineInput(int number) {
   Entry& entry = Get(number);
   if (entry.mode != Mode::Input) Raise(kBadFileMode);
   if (!entry.Fill()) Raise(kInputPastEndOfFile);
-  std::string line;
+  const char* start = entry.buffer.data() + entry.begin;
+  const char* stop = entry.buffer.data() + entry.end;
+  const char* lineEnd = start + FindLineEnd({start, stop});
+  // Most lines lie whole in the buffer, with their end: they are handed out in place. A
+  // CR as the last byte needs the next read to see whether an LF follows it.
+  if (lineEnd < stop - 1 || (lineEnd == stop - 1 && *lineEnd == '\n')) {
+    entry.begin += lineEnd - start + 1;
+    if (*lineEnd == '\r' && lineEnd[1] == '\n') ++entry.begin;
+    return {start, lineEnd};
+  }
+  // Otherwise the pieces are gathered in the entry's own line.
+  entry.line.clear();
   while (entry.Fill()) {
-    const char* start = entry.buffer.data() + entry.begin;
-    const char* stop = entry.buffer.data() + entry.end;
-    const char* lineEnd = std::find_if(start, stop, [](char c) { return c == '\r' || c == '\n'; });
-    line.append(start, lineEnd);
+    start = entry.buffer.data() + entry.begin;
+    stop = entry.buffer.data() + entry.end;
+    lineEnd = start + FindLineEnd({start, stop});
+    entry.line.append(start, lineEnd);
     entry.begin += lineEnd - start;
     if (lineEnd != stop) {
       ++entry.begin;
       if (*lineEnd == '\r' && entry.Fill() && entry.buffer[entry.begin] == '\n') ++entry.begin;
-      return line;
+      break;
     }
   }
-  return line;  // the last line has no end
+  return entry.line;  // the last line may have no end
 }
 
 bool FileTable::Eof(int number) {
@@ -107,23 +129,27 @@ bool FileTable::Eof(int number) {
 void FileTable::PrintLine(int number, std::string_view bytes) {
   Entry& entry = Get(number);
   if (entry.mode != Mode::Output) Raise(kBadFileMode);
-  // An empty line may come without any storage behind it; fwrite must not see that.
-  if ((!bytes.empty() && std::fwrite(bytes.data(), 1, bytes.size(), entry.file) != bytes.size()) ||
-      std::fwrite("\r\n", 1, 2, entry.file) != 2) {
-    Raise(WriteError());
-  }
+  entry.pending += bytes;
+  entry.pending += "\r\n";
+  if (entry.pending.size() >= kWriteChunk) entry.Flush();
 }
 
 void FileTable::Close(int number) {
-  const auto it = entries_.find(number);
-  if (it == entries_.end()) return;  // closing a free number does nothing
-  Entry& entry = *it->second;
+  Entry* found = Find(number);
+  if (!found) return;  // closing a free number does nothing
+  Entry& entry = *found;
+  entry.Flush();
   if (std::fflush(entry.file) != 0) Raise(WriteError());
   const int failure = std::fclose(std::exchange(entry.file, nullptr)) == 0 ? 0 : WriteError();
-  entries_.erase(it);
+  entries_[static_cast<std::size_t>(number)].reset();
   if (failure) Raise(failure);
 }
 
-bool FileTable::IsOpen(int number) const { return entries_.count(number) > 0; }
+FileTable::Entry* FileTable::Find(int number) const {
+  if (number < 1 || number > kMaxNumber) return nullptr;
+  return entries_[static_cast<std::size_t>(number)].get();
+}
+
+bool FileTable::IsOpen(int number) const { return Find(number) != nullptr; }
 
 }  // namespace vbrt

@@ -1,7 +1,7 @@
 #pragma once
 // The run-time file table: files opened under a number with Open ... As #n.
 #include <filesystem>
-#include <map>
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -25,14 +25,15 @@ class FileTable {
   // file cannot be opened.
   void Open(int number, const std::filesystem::path& path, Mode mode);
 
-  // Line Input #: the next line without its end (CR LF, CR or LF). Throws
-  // kInputPastEndOfFile at the end of the file, kBadFileMode on an Output file.
-  std::string LineInput(int number);
+  // Line Input #: the next line without its end (CR LF, CR or LF). The view stays valid
+  // until the next operation on `number`. Throws kInputPastEndOfFile at the end of the
+  // file, kBadFileMode on an Output file.
+  std::string_view LineInput(int number);
   // EOF(n): true when no byte is left to read.
   bool Eof(int number);
 
-  // Print #n, text: writes the bytes and CR LF. Throws kDiskFull / kDeviceIoError when
-  // the bytes cannot be written.
+  // Print #n, text: writes the bytes and CR LF. They reach the file in chunks, all of
+  // them by Close; kDiskFull / kDeviceIoError when a chunk cannot be written.
   void PrintLine(int number, std::string_view bytes);
 
   // Close #n: flushes and frees the number; a number that is not open is left alone.
@@ -42,10 +43,16 @@ class FileTable {
 
   bool IsOpen(int number) const;
 
+  // File numbers run from 1 to this.
+  static constexpr int kMaxNumber = 511;
+
  private:
   struct Entry;
+  // The open file under `number`, or nullptr.
+  Entry* Find(int number) const;
   Entry& Get(int number);
-  std::map<int, std::unique_ptr<Entry>> entries_;
+  // Indexed by the number itself: every line read looks its file up.
+  std::array<std::unique_ptr<Entry>, kMaxNumber + 1> entries_;
 };
 
 }  // namespace vbrt

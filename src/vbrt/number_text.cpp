@@ -1,9 +1,12 @@
 // Str() and CStr(): numbers rounded to the runtime's significant digits and written in
 // fixed or exponent form.
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,9 +29,10 @@ struct RoundedDecimal {
   std::string_view Digits() const { return {digitBuffer, static_cast<std::size_t>(digitCount)}; }
 };
 
-RoundedDecimal Round(double value, int significant) {
+// The exact rounding, from the binary value's full decimal expansion.
+RoundedDecimal RoundExactly(double magnitude, int significant) {
   char buffer[64];
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value),
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
                                     std::chars_format::scientific, significant - 1);
   const std::string_view text(buffer, result.ptr - buffer);  // "d.ddde+XX", or "de+XX"
   const auto e = text.find('e');
@@ -39,12 +43,75 @@ RoundedDecimal Round(double value, int significant) {
   rounded.digitBuffer[0] = mantissa[0];
   const std::size_t copied = fraction.copy(rounded.digitBuffer + 1, kDoubleDigits - 1);
   rounded.digitCount = 1 + static_cast<int>(copied);
-  while (rounded.digitCount > 1 && rounded.digitBuffer[rounded.digitCount - 1] == '0') {
-    --rounded.digitCount;
-  }
   const char* exponentStart = text.data() + e + 2;  // past "e" and its sign
   std::from_chars(exponentStart, text.data() + text.size(), rounded.exponent);
   if (text[e + 1] == '-') rounded.exponent = -rounded.exponent;
+  return rounded;
+}
+
+// Powers of ten that a double holds exactly.
+constexpr int kExactPowers = 22;
+constexpr std::array<double, kExactPowers + 1> kPowersOfTen = [] {
+  std::array<double, kExactPowers + 1> powers{};
+  double power = 1;
+  for (double& p : powers) {
+    p = power;
+    power *= 10;
+  }
+  return powers;
+}();
+
+// The rounding by one scaling in double, used for up to nine digits: the scaled value is
+// then below 1e9 and off by less than 1e-6 from the exact one, so its rounding is exact
+// unless it lies that close to a tie. Empty there, and where the power of ten is inexact.
+std::optional<RoundedDecimal> RoundByScaling(double magnitude, int significant) {
+  if (significant > 9) return std::nullopt;
+  RoundedDecimal rounded;
+  if (magnitude == 0) {
+    rounded.digitBuffer[0] = '0';
+    rounded.digitCount = 1;
+    return rounded;
+  }
+  constexpr double kTieMargin = 1e-6;
+  // The decimal exponent from the binary one: right or one too small.
+  int binaryExponent = 0;
+  std::frexp(magnitude, &binaryExponent);
+  constexpr double kLog10Of2 = 0.30102999566398120;
+  int exponent = static_cast<int>(std::floor((binaryExponent - 1) * kLog10Of2));
+  const double low = kPowersOfTen[significant - 1];
+  const double high = kPowersOfTen[significant];
+  double scaled = 0;
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    const int shift = significant - 1 - exponent;
+    if (shift > kExactPowers || shift < -kExactPowers) return std::nullopt;
+    scaled = shift >= 0 ? magnitude * kPowersOfTen[shift] : magnitude / kPowersOfTen[-shift];
+    if (scaled < high) break;
+    ++exponent;
+  }
+  if (scaled < low || scaled >= high) return std::nullopt;
+  const double whole = std::floor(scaled);
+  const double fraction = scaled - whole;
+  if (std::fabs(fraction - 0.5) < kTieMargin) return std::nullopt;
+  auto digits = static_cast<std::uint64_t>(whole) + (fraction > 0.5 ? 1 : 0);
+  if (digits == static_cast<std::uint64_t>(high)) {  // 9.9999996 became 10.000000
+    digits = static_cast<std::uint64_t>(low);
+    ++exponent;
+  }
+  rounded.digitCount = static_cast<int>(
+      std::to_chars(rounded.digitBuffer, rounded.digitBuffer + kDoubleDigits, digits).ptr -
+      rounded.digitBuffer);
+  rounded.exponent = exponent;
+  return rounded;
+}
+
+RoundedDecimal Round(double value, int significant) {
+  const double magnitude = std::fabs(value);
+  // Generation formats a number for every coordinate of a model: the quick way first.
+  const std::optional<RoundedDecimal> quick = RoundByScaling(magnitude, significant);
+  RoundedDecimal rounded = quick ? *quick : RoundExactly(magnitude, significant);
+  while (rounded.digitCount > 1 && rounded.digitBuffer[rounded.digitCount - 1] == '0') {
+    --rounded.digitCount;
+  }
   return rounded;
 }
 

@@ -41,7 +41,7 @@ class FileTableTest : public testing::Test {
 TEST_F(FileTableTest, ReadsLinesWithAnyLineEnd) {
   files_.Open(1, Write("mixed.txt", "a\r\nb\nc\rd\r\n\r\nlast"), Mode::Input);
   std::vector<std::string> lines;
-  while (!files_.Eof(1)) lines.push_back(files_.LineInput(1));
+  while (!files_.Eof(1)) lines.emplace_back(files_.LineInput(1));
   EXPECT_THAT(lines, testing::ElementsAre("a", "b", "c", "d", "", "last"));
   EXPECT_THAT([&] { files_.LineInput(1); }, RaisesError(vbrt::kInputPastEndOfFile));
   files_.Close(1);
@@ -60,12 +60,32 @@ TEST_F(FileTableTest, LineEndAfterTheLastLineLeavesNoEmptyLine) {
   EXPECT_TRUE(files_.Eof(1));
 }
 
-TEST_F(FileTableTest, CrLfSplitAcrossTheReadBuffer) {
-  // Puts the CR as the last byte of the first 64 KiB read.
+TEST_F(FileTableTest, LineEndsAtTheEdgeOfTheReadBuffer) {
+  // Puts a CR as the last byte of the first 64 KiB read, once before an LF and once
+  // before the next line.
   const std::string first(64 * 1024 - 1, 'a');
-  files_.Open(1, Write("split.txt", first + "\r\nb"), Mode::Input);
+  files_.Open(1, Write("crlf.txt", first + "\r\nb"), Mode::Input);
   EXPECT_EQ(files_.LineInput(1), first);
   EXPECT_EQ(files_.LineInput(1), "b");
+  files_.Open(2, Write("cr.txt", first + "\rb\r\n"), Mode::Input);
+  EXPECT_EQ(files_.LineInput(2), first);
+  EXPECT_EQ(files_.LineInput(2), "b");
+  EXPECT_TRUE(files_.Eof(2));
+}
+
+TEST_F(FileTableTest, OnlyCrAndLfEndALine) {
+  // Bytes that share their low bits with CR or LF, at every place in an eight-byte word.
+  const std::string lookalikes = "\x8D\x8A\x0C\x0E\x09\x0B\x1D\xCD\xEA";
+  std::string bytes;
+  std::vector<std::string> expected;
+  for (std::size_t length = 0; length < 20; ++length) {
+    expected.push_back(lookalikes.substr(0, length % lookalikes.size()) + std::string(length / 9, 'x'));
+    bytes += expected.back() + (length % 3 == 0 ? "\r" : length % 3 == 1 ? "\n" : "\r\n");
+  }
+  files_.Open(1, Write("lookalikes.txt", bytes), Mode::Input);
+  std::vector<std::string> lines;
+  while (!files_.Eof(1)) lines.emplace_back(files_.LineInput(1));
+  EXPECT_EQ(lines, expected);
 }
 
 TEST_F(FileTableTest, ReadsAHugeSingleLine) {
@@ -87,6 +107,16 @@ TEST_F(FileTableTest, PrintLineWritesCrLf) {
   files_.Open(1, path, Mode::Output);  // replaces
   files_.Close(1);
   EXPECT_EQ(Read(path), "");
+
+  // Many lines reach the file in chunks, all of them and in order.
+  std::string many;
+  files_.Open(1, path, Mode::Output);
+  for (int i = 0; i < 30000; ++i) {
+    files_.PrintLine(1, std::to_string(i));
+    many += std::to_string(i) + "\r\n";
+  }
+  files_.Close(1);
+  EXPECT_EQ(Read(path), many);
 }
 
 TEST_F(FileTableTest, NumberStaysTakenUntilClosed) {

@@ -1,6 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
 #include <numbers>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "vbrt/numbers.h"
 
@@ -35,6 +42,45 @@ TEST(StrSingle, ExponentFormOutsideTheFixedRange) {
   EXPECT_EQ(StrSingle(1e38f), " 1E+38");
   // Rounding up to a new digit moves the number into exponent form.
   EXPECT_EQ(StrSingle(9999999.5f), " 1E+07");
+}
+
+// The significant digits (no leading or trailing zeros) and the decimal exponent of a
+// number written in fixed or exponent form: " 12.5" and "1.25e+01" both give {"125", 1}.
+std::pair<std::string, int> Significand(std::string text) {
+  text.erase(0, text.find_first_not_of(" -"));
+  int exponent = 0;
+  if (const auto e = text.find_first_of("Ee"); e != std::string::npos) {
+    exponent = std::stoi(text.substr(e + 1));
+    text.resize(e);
+  }
+  const auto point = text.find('.');
+  const int integerDigits = static_cast<int>(point == std::string::npos ? text.size() : point);
+  std::erase(text, '.');
+  const auto first = text.find_first_not_of('0');
+  if (first == std::string::npos) return {"", 0};
+  const auto last = text.find_last_not_of('0');
+  return {text.substr(first, last - first + 1), exponent + integerDigits - 1 - static_cast<int>(first)};
+}
+
+TEST(StrSingle, RoundsAsTheCLibraryDoesOverTheWholeRange) {
+  std::vector<float> values;
+  // Bit patterns spread over every exponent, and the floats next to powers of ten, where
+  // the number of integer digits changes.
+  for (std::uint32_t bits = 1; bits < 0x7F800000u - 40503u; bits += 40503u) {
+    values.push_back(std::bit_cast<float>(bits));
+  }
+  for (int power = -38; power <= 38; ++power) {
+    const auto near = static_cast<float>(std::stod("1e" + std::to_string(power)));
+    values.push_back(std::nextafter(near, 0.0f));
+    values.push_back(near);
+    values.push_back(std::nextafter(near, 1e39f));
+  }
+  for (const float value : values) {
+    char expected[32];
+    std::snprintf(expected, sizeof expected, "%.6e", static_cast<double>(value));
+    ASSERT_EQ(Significand(StrSingle(value)), Significand(expected)) << expected;
+    ASSERT_EQ(StrSingle(-value), "-" + StrSingle(value).substr(1));
+  }
 }
 
 TEST(StrDouble, FifteenSignificantDigits) {

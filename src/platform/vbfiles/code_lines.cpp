@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cctype>
 
+#include "vbrt/line_end.h"
+
 namespace platform::vbfiles {
 namespace {
 
@@ -19,11 +21,6 @@ bool StartsWithRem(std::string_view line) {
     if (std::tolower(static_cast<unsigned char>(line[i + k])) != "rem"[k]) return false;
   }
   return line.size() == i + 3 || line[i + 3] == ' ' || line[i + 3] == '\t';
-}
-
-// Where the line that starts at `start` ends: the first CR or LF from there, or npos.
-std::size_t LineEnd(std::string_view text, std::size_t start) {
-  return std::min(text.find('\r', start), text.find('\n', start));
 }
 
 }  // namespace
@@ -69,9 +66,9 @@ std::vector<std::string_view> CodeLines::Pieces() const {
 void CodeLines::Append(std::string_view text) {
   std::size_t start = 0;
   while (true) {
-    const std::size_t end = LineEnd(text, start);
+    const std::size_t end = start + vbrt::FindLineEnd(text.substr(start));
     AppendLine(text.substr(start, end - start));
-    if (end == std::string_view::npos) break;
+    if (end == text.size()) break;
     start = end + (text.compare(end, 2, kCrLf) == 0 ? 2 : 1);
   }
 }

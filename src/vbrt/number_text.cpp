@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,13 +29,12 @@ struct RoundedDecimal {
 };
 
 // The exact rounding, from the binary value's full decimal expansion.
-RoundedDecimal RoundExactly(double magnitude, int significant) {
+void RoundExactly(double magnitude, int significant, RoundedDecimal& rounded) {
   char buffer[64];
   const auto result = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
                                     std::chars_format::scientific, significant - 1);
   const std::string_view text(buffer, result.ptr - buffer);  // "d.ddde+XX", or "de+XX"
   const auto e = text.find('e');
-  RoundedDecimal rounded;
   // The digit before the point, then those after it.
   const std::string_view mantissa = text.substr(0, e);
   const std::string_view fraction = mantissa.substr(std::min<std::size_t>(2, mantissa.size()));
@@ -46,7 +44,6 @@ RoundedDecimal RoundExactly(double magnitude, int significant) {
   const char* exponentStart = text.data() + e + 2;  // past "e" and its sign
   std::from_chars(exponentStart, text.data() + text.size(), rounded.exponent);
   if (text[e + 1] == '-') rounded.exponent = -rounded.exponent;
-  return rounded;
 }
 
 // Powers of ten that a double holds exactly.
@@ -63,14 +60,15 @@ constexpr std::array<double, kExactPowers + 1> kPowersOfTen = [] {
 
 // The rounding by one scaling in double, used for up to nine digits: the scaled value is
 // then below 1e9 and off by less than 1e-6 from the exact one, so its rounding is exact
-// unless it lies that close to a tie. Empty there, and where the power of ten is inexact.
-std::optional<RoundedDecimal> RoundByScaling(double magnitude, int significant) {
-  if (significant > 9) return std::nullopt;
-  RoundedDecimal rounded;
+// unless it lies that close to a tie. False there, and where the power of ten is inexact.
+// The digits are written in place: this runs for every coordinate of a generated model.
+bool RoundByScaling(double magnitude, int significant, RoundedDecimal& rounded) {
+  if (significant > 9) return false;
   if (magnitude == 0) {
     rounded.digitBuffer[0] = '0';
     rounded.digitCount = 1;
-    return rounded;
+    rounded.exponent = 0;
+    return true;
   }
   constexpr double kTieMargin = 1e-6;
   // The decimal exponent from the binary one: right or one too small.
@@ -83,15 +81,15 @@ std::optional<RoundedDecimal> RoundByScaling(double magnitude, int significant) 
   double scaled = 0;
   for (int attempt = 0; attempt < 2; ++attempt) {
     const int shift = significant - 1 - exponent;
-    if (shift > kExactPowers || shift < -kExactPowers) return std::nullopt;
+    if (shift > kExactPowers || shift < -kExactPowers) return false;
     scaled = shift >= 0 ? magnitude * kPowersOfTen[shift] : magnitude / kPowersOfTen[-shift];
     if (scaled < high) break;
     ++exponent;
   }
-  if (scaled < low || scaled >= high) return std::nullopt;
+  if (scaled < low || scaled >= high) return false;
   const double whole = std::floor(scaled);
   const double fraction = scaled - whole;
-  if (std::fabs(fraction - 0.5) < kTieMargin) return std::nullopt;
+  if (std::fabs(fraction - 0.5) < kTieMargin) return false;
   auto digits = static_cast<std::uint64_t>(whole) + (fraction > 0.5 ? 1 : 0);
   if (digits == static_cast<std::uint64_t>(high)) {  // 9.9999996 became 10.000000
     digits = static_cast<std::uint64_t>(low);
@@ -101,18 +99,15 @@ std::optional<RoundedDecimal> RoundByScaling(double magnitude, int significant) 
       std::to_chars(rounded.digitBuffer, rounded.digitBuffer + kDoubleDigits, digits).ptr -
       rounded.digitBuffer);
   rounded.exponent = exponent;
-  return rounded;
+  return true;
 }
 
-RoundedDecimal Round(double value, int significant) {
+void Round(double value, int significant, RoundedDecimal& rounded) {
   const double magnitude = std::fabs(value);
-  // Generation formats a number for every coordinate of a model: the quick way first.
-  const std::optional<RoundedDecimal> quick = RoundByScaling(magnitude, significant);
-  RoundedDecimal rounded = quick ? *quick : RoundExactly(magnitude, significant);
+  if (!RoundByScaling(magnitude, significant, rounded)) RoundExactly(magnitude, significant, rounded);
   while (rounded.digitCount > 1 && rounded.digitBuffer[rounded.digitCount - 1] == '0') {
     --rounded.digitCount;
   }
-  return rounded;
 }
 
 struct Style {
@@ -173,7 +168,8 @@ std::string Format(double value, int significant, const Style& style) {
     text += "#INF";
     return text;
   }
-  const RoundedDecimal d = Round(value, significant);
+  RoundedDecimal d;
+  Round(value, significant, d);
   if (d.exponent >= significant || d.exponent < -4) {
     AppendExponentForm(text, d, style.decimal);
   } else {

@@ -25,7 +25,9 @@ int main(int argc, char** argv) {
   try {
     cli.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
-    return cli.exit(e);
+    // --help and --version end well; any other mistake on the command line is a usage
+    // error, exit code 2 as with other command-line tools.
+    return cli.exit(e) == 0 ? 0 : 2;
   } catch (const std::exception& e) {
     std::cerr << "eowizard: " << e.what() << "\n";
     return 1;

@@ -98,10 +98,55 @@ struct CurveReading {
   int centreTag = 0;
 };
 
+// The centre and swept angle of the circular arc `tag` and points along it, added to
+// `reading`, whose end points are known.
+void ReadArc(int tag, const PointTable& points, CurveReading& reading) {
+  EdgeGeometry& g = reading.edge.geometry;
+  std::vector<Point2>& line = reading.boundary.polyline;
+  std::vector<double> low, high;
+  gmsh::model::getParametrizationBounds(1, tag, low, high);
+  std::vector<double> parameters;
+  for (int i = 1; i < kArcSamples; ++i) {
+    parameters.push_back(low.at(0) + (high.at(0) - low.at(0)) * i / kArcSamples);
+  }
+  const std::vector<Point2> samples = Sample(tag, parameters);
+  const Point2 middle = samples.at(kArcSamples / 2 - 1);
+  const auto centre =
+      Circumcentre(samples.at(kArcSamples / 4 - 1), middle, samples.at(3 * kArcSamples / 4 - 1));
+  if (!centre) Unsupported("curve " + std::to_string(tag) + " is a circle without curvature");
+  const double radius = std::hypot(middle.x - centre->x, middle.y - centre->y);
+  for (const Point2& p : samples) {
+    if (std::fabs(std::hypot(p.x - centre->x, p.y - centre->y) - radius) > kCentreTolerance * radius) {
+      Unsupported("curve " + std::to_string(tag) +
+                  " is an elliptic arc; only straight lines and circular arcs can be converted");
+    }
+  }
+  // The generated code draws an arc from its start to its end point: a closed one,
+  // such as the rim of a disk, has to be split first.
+  if (reading.boundary.startVertex == reading.boundary.endVertex) {
+    Unsupported("curve " + std::to_string(tag) +
+                " is a full circle; split it into arcs with different end points to convert it");
+  }
+  reading.centreTag = points.Near(*centre, kCentreTolerance * radius);
+  g.third = reading.centreTag ? points.At(reading.centreTag) : *centre;
+  // A half circle's centre is the middle of its chord. Taken exactly, it lets the
+  // generated angle come out as the half turn it is instead of a rounding residue.
+  const Point2 chordMiddle{(g.start.x + g.end.x) / 2, (g.start.y + g.end.y) / 2};
+  if (!reading.centreTag &&
+      std::hypot(chordMiddle.x - centre->x, chordMiddle.y - centre->y) <= kCentreTolerance * radius) {
+    g.third = chordMiddle;
+  }
+  g.angle = SweptAngle(g.start, middle, g.end, g.third);
+  line.insert(line.end(), samples.begin(), samples.end());
+}
+
 CurveReading ReadCurve(int tag, const PointTable& points) {
   std::string type;
   gmsh::model::getType(1, tag, type);
-  if (type != "Line" && type != "Circle") {
+  // OpenCASCADE makes the rim of a disk an ellipse with equal radii: it is taken as the
+  // circle it is.
+  const bool arc = type == "Circle" || type == "Ellipse";
+  if (type != "Line" && !arc) {
     Unsupported("curve " + std::to_string(tag) + " is a " + type +
                 " curve; only straight lines and circular arcs can be converted");
   }
@@ -117,24 +162,7 @@ CurveReading ReadCurve(int tag, const PointTable& points) {
   g.third = g.start;
   std::vector<Point2>& line = reading.boundary.polyline;
   line.push_back(g.start);
-  if (type == "Circle") {
-    std::vector<double> low, high;
-    gmsh::model::getParametrizationBounds(1, tag, low, high);
-    std::vector<double> parameters;
-    for (int i = 1; i < kArcSamples; ++i) {
-      parameters.push_back(low.at(0) + (high.at(0) - low.at(0)) * i / kArcSamples);
-    }
-    const std::vector<Point2> samples = Sample(tag, parameters);
-    const Point2 middle = samples.at(kArcSamples / 2 - 1);
-    const auto centre =
-        Circumcentre(samples.at(kArcSamples / 4 - 1), middle, samples.at(3 * kArcSamples / 4 - 1));
-    if (!centre) Unsupported("curve " + std::to_string(tag) + " is a circle without curvature");
-    const double radius = std::hypot(middle.x - centre->x, middle.y - centre->y);
-    reading.centreTag = points.Near(*centre, kCentreTolerance * radius);
-    g.third = reading.centreTag ? points.At(reading.centreTag) : *centre;
-    g.angle = SweptAngle(g.start, middle, g.end, g.third);
-    line.insert(line.end(), samples.begin(), samples.end());
-  }
+  if (arc) ReadArc(tag, points, reading);
   line.push_back(g.end);
   return reading;
 }

@@ -45,7 +45,11 @@ ConsolePrompter::ConsolePrompter(std::istream& in, std::ostream& out, bool inter
 
 MsgAnswer ConsolePrompter::Show(const Message& message) {
   out_ << '[' << (message.title.empty() ? kDefaultTitle : message.title.c_str()) << "] ";
-  if (const char* word = IconWord(message.icon)) out_ << word << ": ";
+  // Many of the system's texts already open with "Error: "; the word is not said twice.
+  if (const char* word = IconWord(message.icon);
+      word && !message.text.starts_with(std::string(word) + ":")) {
+    out_ << word << ": ";
+  }
   out_ << message.text << '\n';
   if (message.buttons == MsgButtons::OK) {
     out_.flush();

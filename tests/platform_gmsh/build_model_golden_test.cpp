@@ -45,11 +45,13 @@ TEST(BuildModelFromGmsh, SinglePrecisionNumberForms) {
   EXPECT_TRUE(MatchesGolden(Generate("numbers.geo").classLines, "numbers.txt", "gmsh"));
 }
 
-// The generated code is VB source: its decimal point does not follow the user's locale.
+// The model is read and the code (VB source) written with a decimal point whatever the
+// user's locale, and the user's locale stays in place.
 TEST(BuildModelFromGmsh, DecimalCommaLocaleChangesNothing) {
   const std::string saved = std::setlocale(LC_ALL, nullptr);
   if (!std::setlocale(LC_NUMERIC, "de_DE.UTF-8")) GTEST_SKIP() << "no de_DE locale";
   const RecordingEmitter out = Generate("numbers.geo");
+  EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "de_DE.UTF-8");
   std::setlocale(LC_ALL, saved.c_str());
   EXPECT_TRUE(MatchesGolden(out.classLines, "numbers.txt", "gmsh"));
 }

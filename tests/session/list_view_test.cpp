@@ -60,14 +60,10 @@ TEST(ListViewTest, PositionsAndSubItemsAreRangeChecked) {
   EXPECT_EQ(ErrorOf([&] { list.SubItem(0, 7); }), vbrt::kInvalidPropertyValue);
 }
 
-TEST(ListViewTest, IconAndSelection) {
+TEST(ListViewTest, FirstSelectedIsNoneUntilARowIsSelected) {
   ListView list(2);
   list.Add("a");
-  list.Add("b", "", int16_t{3});
-  EXPECT_FALSE(list.Item(0).smallIcon.has_value());
-  EXPECT_EQ(list.Item(1).smallIcon, 3);
-  list.SetSmallIcon(1, std::nullopt);
-  EXPECT_FALSE(list.Item(1).smallIcon.has_value());
+  list.Add("b");
   EXPECT_EQ(list.FirstSelected(), -1);
   list.SetSelected(1, true);
   EXPECT_EQ(list.FirstSelected(), 1);

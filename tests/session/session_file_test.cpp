@@ -1,8 +1,11 @@
-// The session file's writer and reader: exact bytes, round trips and the failure table.
+// The session file's writer and reader: exact bytes, round trips, the failure table, and
+// huge files. Random bytes are the fuzz target's (fuzz/fuzz_session_load.cpp).
 #include "session/session_file.h"
 
 #include <filesystem>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -20,6 +23,23 @@ std::string Preamble() {
                "Kelvara Ltd.", "", "Kelvara Ltd.", ""});
 }
 
+std::string ReadError(const std::string& path) {
+  return "Error: Cannt open generation file '" + path + "' for reading";
+}
+
+// Records every change handler that SetText ran, with the text it saw.
+class RecordingHandlers : public FieldHandlers {
+ public:
+  std::vector<std::pair<TextField, std::string>> calls;
+  void TextSet(FormState& form, TextField field) override {
+    const std::string* text = field == TextField::Location ? &form.edLocation
+                              : field == TextField::Model  ? &form.edModel
+                              : field == TextField::Data   ? &form.edData
+                                                           : &form.edSketch;
+    calls.emplace_back(field, *text);
+  }
+};
+
 TEST_F(SessionFileTest, WritesTheExampleSessionByteForByte) {
   FormState form;
   FillCoil(form);
@@ -29,17 +49,8 @@ TEST_F(SessionFileTest, WritesTheExampleSessionByteForByte) {
   EXPECT_FALSE(files_.IsOpen(1));
 }
 
-TEST_F(SessionFileTest, WritesAnEmptySessionWithoutParameterSections) {
-  std::string message;
-  ASSERT_TRUE(Save(FormState(), Path("empty.bvg"), message)) << message;
-  EXPECT_EQ(ReadBytes(Path("empty.bvg")), Golden("empty.bvg"));
-}
-
-TEST_F(SessionFileTest, TheShippedExampleIsTheFormatsExample) {
-  EXPECT_EQ(ReadBytes(std::filesystem::path(EOW_EXAMPLES_DIR) / "coil" / "Coil.bvg"),
-            Golden("coil.bvg"));
-}
-
+// Writing back what was read gives the same bytes, so the checks below only look at what
+// the writer cannot show: the handlers, the texts of the choices and the placeholder row.
 TEST_F(SessionFileTest, ReadsTheExampleThroughTheChangeHandlersAndWritesItBackUnchanged) {
   FormState form;
   RecordingHandlers handlers;
@@ -48,30 +59,17 @@ TEST_F(SessionFileTest, ReadsTheExampleThroughTheChangeHandlersAndWritesItBackUn
   ASSERT_TRUE(LoadBytes(form, Golden("coil.bvg"), message));
   EXPECT_EQ(message, kUnchanged);
   EXPECT_FALSE(files_.IsOpen(1));
-
   using Call = std::pair<TextField, std::string>;
   EXPECT_EQ(handlers.calls, (std::vector<Call>{{TextField::Location, "C:\\Models\\Coil\\Coil.vbp"},
                                                {TextField::Model, "C:\\Models\\Coil\\coil.mod"},
                                                {TextField::Data, "C:\\Models\\Coil\\coil.dms"},
                                                {TextField::Sketch, ""}}));
-  EXPECT_EQ(form.edAuthor, "Design group");
-  EXPECT_EQ(form.chkAsync.value, 1);
   EXPECT_EQ(form.cmbType.Text(), "Magnetostatics");
   EXPECT_EQ(form.cmbClass.Text(), "Axisymmetric");
-  EXPECT_EQ(form.cmbCoord.Text(), "Cartesian");
-  EXPECT_EQ(form.cmbUnit.Text(), "Millimeters");
   EXPECT_EQ(form.ModelCase(), "Generate");
   EXPECT_EQ(form.DataCase(), "Load");
   ASSERT_EQ(form.lvInput.Count(), 2);
-  EXPECT_EQ(form.lvInput.Item(0).text, "Coil radius");
-  EXPECT_EQ(form.lvInput.Item(0).subItems,
-            (std::vector<std::string>{"Geometrical", "R", "mm", "1", "20", "5"}));
   EXPECT_EQ(form.lvInput.Item(1).text, "<new>");
-  ASSERT_EQ(form.lvOutput.Count(), 1);
-  EXPECT_EQ(form.lvOutput.Item(0).key, "Flux");
-  EXPECT_EQ(form.lvOutput.Item(0).smallIcon, 2);
-  EXPECT_EQ(form.lvOutput.SubItem(0, 1), "Res.GetIntegral(zxFluxLinkage, Cnt).Abs");
-
   ASSERT_TRUE(Save(form, Path("again.bvg"), message));
   EXPECT_EQ(ReadBytes(Path("again.bvg")), Golden("coil.bvg"));
 }
@@ -107,24 +105,20 @@ TEST_F(SessionFileTest, SavingToAnEmptyPathWritesNothing) {
   EXPECT_TRUE(Save(FormState(), "", message));
   EXPECT_EQ(message, kUnchanged);
   EXPECT_FALSE(files_.IsOpen(1));
-  EXPECT_TRUE(std::filesystem::is_empty(dir_));
+  EXPECT_TRUE(std::filesystem::is_empty(scratch_.Path()));
 }
-
-struct BadFile {
-  const char* what;
-  std::string body;     // after the preamble
-  std::string message;  // kUnchanged: the reader leaves it alone
-};
 
 TEST_F(SessionFileTest, EachFailureGivesItsMessage) {
   const std::string general = "[GENERAL]\r\n";
-  const std::vector<BadFile> cases = {
+  const std::string wrongWizard = "Error: Wrong Wizard generation saving file.";
+  const struct {
+    const char* what;
+    std::string body;     // after the preamble
+    std::string message;  // kUnchanged: the reader leaves it alone
+  } cases[] = {
       {"ASYNCHRONOUS not a number", general + CrLf({"ASYNCHRONOUS=yes", "", "[END]"}), kLoadError},
-      {"TYPE not a number", general + CrLf({"TYPE=", "", "[END]"}), kLoadError},
       {"TYPE beyond the list", general + CrLf({"TYPE=9", "", "[END]"}), kLoadError},
       {"CLASS beyond 16 bits", general + CrLf({"CLASS=70000", "", "[END]"}), kLoadError},
-      {"UNITS below -1", general + CrLf({"UNITS=-2", "", "[END]"}), kLoadError},
-      {"COORDINATES text", general + CrLf({"COORDINATES=Polar", "", "[END]"}), kLoadError},
       {"check box value 3", general + CrLf({"ASYNCHRONOUS=3", "", "[END]"}), kLoadError},
       {"recognised key without =", general + CrLf({"AUTHOR", "", "[END]"}), kLoadError},
       {"input key without =", CrLf({"[INPUT]", "DESCRIPTION=x", "MIN", "", "[END]"}), kLoadError},
@@ -134,13 +128,13 @@ TEST_F(SessionFileTest, EachFailureGivesItsMessage) {
              "[END]"}),
        kLoadError},
       {"end of file inside a section", general + CrLf({"AUTHOR=x"}), kLoadError},
-      {"last section without its empty line",
-       CrLf({"[OUTPUT]", "DESCRIPTION=x", "[END]"}), kLoadError},
+      {"last section without its empty line", CrLf({"[OUTPUT]", "DESCRIPTION=x", "[END]"}),
+       kLoadError},
       {"another application", general + CrLf({"APPLICATION=Some Other Wizard", "", "[END]"}),
-       "Error: Wrong Wizard generation saving file."},
+       wrongWizard},
       {"application in other letter case",
        general + CrLf({"APPLICATION=zentrix bravant exploringobject wizard", "", "[END]"}),
-       "Error: Wrong Wizard generation saving file."},
+       wrongWizard},
       {"input key before DESCRIPTION", CrLf({"[INPUT]", "TYPE=Physical", "", "[END]"}),
        kUnchanged},
       {"output key before DESCRIPTION", CrLf({"[OUTPUT]", "VALUE=1", "", "[END]"}), kUnchanged},
@@ -150,34 +144,32 @@ TEST_F(SessionFileTest, EachFailureGivesItsMessage) {
       {"[END] in other letter case", CrLf({"[end]"}), kUnchanged},
       {"preamble only", "", kUnchanged},
   };
-  for (const BadFile& bad : cases) {
+  for (const auto& bad : cases) {
+    SCOPED_TRACE(bad.what);
     vbrt::FileTable files;
-    const std::string path = Path("bad.bvg");
-    WriteBytes(path, Preamble() + bad.body);
     FormState form;
     std::string message = kUnchanged;
-    EXPECT_FALSE(LoadSession(form, {files, fs_}, path, message)) << bad.what;
-    EXPECT_EQ(message, bad.message) << bad.what;
-    EXPECT_TRUE(files.IsOpen(1)) << bad.what << ": the file stays taken";
+    const std::string path = scratch_.Write("bad.bvg", Preamble() + bad.body).string();
+    EXPECT_FALSE(LoadSession(form, {files, fs_}, path, message));
+    EXPECT_EQ(message, bad.message);
+    EXPECT_TRUE(files.IsOpen(1)) << "the file stays taken";
   }
 }
 
+// Saving where no file can be made is covered with the other save failures in
+// tests/hardening; here only the message for a missing folder.
 TEST_F(SessionFileTest, FilesThatCannotBeOpenedNameThePath) {
-  WriteBytes(Path("plain"), "x");
   std::string message;
-  for (const std::string& path : {Path("missing.bvg"), dir_.string(), std::string()}) {
+  for (const std::string& path : {Path("missing.bvg"), scratch_.Path().string(), std::string()}) {
     vbrt::FileTable files;
     FormState form;
     EXPECT_FALSE(LoadSession(form, {files, fs_}, path, message));
-    EXPECT_EQ(message, "Error: Cannt open generation file '" + path + "' for reading");
+    EXPECT_EQ(message, ReadError(path));
     EXPECT_FALSE(files.IsOpen(1));
   }
-  for (const std::string& path :
-       {Path("no/such/folder/s.bvg"), Path("plain/s.bvg"), dir_.string()}) {
-    vbrt::FileTable files;
-    EXPECT_FALSE(SaveSession(FormState(), {files, fs_}, path, message));
-    EXPECT_EQ(message, "Error: Cann't open generation file '" + path + "' for writing");
-  }
+  EXPECT_FALSE(Save(FormState(), Path("no/such/folder/s.bvg"), message));
+  EXPECT_EQ(message, "Error: Cann't open generation file '" + Path("no/such/folder/s.bvg") +
+                         "' for writing");
 }
 
 TEST_F(SessionFileTest, AFailedLoadKeepsWhatItReadAndTheFileTaken) {
@@ -199,29 +191,14 @@ TEST_F(SessionFileTest, AFailedLoadKeepsWhatItReadAndTheFileTaken) {
   EXPECT_EQ(form.lvOutput.Item(1).key, "");
 
   // Every later open under the same file table fails, for reading and for writing.
-  const std::string good = Path("good.bvg");
-  WriteBytes(good, Golden("coil.bvg"));
+  const std::string good = scratch_.Write("good.bvg", Golden("coil.bvg")).string();
   EXPECT_FALSE(Load(form, good, message));
-  EXPECT_EQ(message, "Error: Cannt open generation file '" + good + "' for reading");
+  EXPECT_EQ(message, ReadError(good));
   EXPECT_FALSE(Save(form, Path("out.bvg"), message));
   EXPECT_EQ(message, "Error: Cann't open generation file '" + Path("out.bvg") + "' for writing");
 }
 
-TEST_F(SessionFileTest, AFailedSaveLeavesThePartialFileAndTheNumberTaken) {
-  std::string message;
-  EXPECT_FALSE(Save(FormState(), "/dev/full", message));
-  EXPECT_EQ(message, "Error writing generation file");
-  EXPECT_TRUE(files_.IsOpen(1));
-  FormState form;
-  EXPECT_FALSE(Load(form, Path("any.bvg"), message));
-  EXPECT_EQ(message, "Error: Cannt open generation file '" + Path("any.bvg") + "' for reading");
-}
-
 TEST_F(SessionFileTest, ReaderRulesForKeysAndSections) {
-  FormState form;
-  form.edAuthor = "untouched";
-  form.lvInput.Add("Existing", "", std::nullopt, 0);
-  std::string message = kUnchanged;
   const std::string bytes =
       "garbage before the preamble\r\n" + Preamble() +
       CrLf({"[GENERAL]", " TYPE=5", "TYPE =5", "type=5", "UNKNOWN=1", "no equals sign here",
@@ -229,6 +206,8 @@ TEST_F(SessionFileTest, ReaderRulesForKeysAndSections) {
             "[UNKNOWN]", "AUTHOR=not here", "", "[OUTPUT]", "DESCRIPTION=First",
             "DESCRIPTION=Second", "ICON=1.5", "VALUE=a = b", "", "[INPUT]", "DEFAULT=7",
             "", "[GENERAL]", "CLASS=0", "", "[END]", "[INPUT]", "DESCRIPTION=after the end"});
+  FormState form;
+  std::string message = kUnchanged;
   // "DEFAULT=7" before DESCRIPTION fails; the same file without that section loads.
   EXPECT_FALSE(LoadBytes(form, bytes, message));
   EXPECT_EQ(message, kUnchanged);
@@ -239,8 +218,7 @@ TEST_F(SessionFileTest, ReaderRulesForKeysAndSections) {
   fresh.lvInput.Add("Existing", "", std::nullopt, 0);
   std::string fixed = bytes;
   fixed.erase(fixed.find("[INPUT]\r\nDEFAULT=7\r\n\r\n"), 22);
-  WriteBytes(Path("fixed.bvg"), fixed);
-  ASSERT_TRUE(LoadSession(fresh, {files, fs_}, Path("fixed.bvg"), message));
+  ASSERT_TRUE(LoadSession(fresh, {files, fs_}, scratch_.Write("fixed.bvg", fixed), message));
   EXPECT_EQ(message, kUnchanged);
   EXPECT_EQ(fresh.edAuthor, "untouched");
   EXPECT_EQ(fresh.cmbType.listIndex, 0);  // keys with blanks or small letters are unknown
@@ -258,19 +236,17 @@ TEST_F(SessionFileTest, ReaderRulesForKeysAndSections) {
 
 TEST_F(SessionFileTest, LoadingAddsBeforeThePlaceholder) {
   FormState form;
+  form.lvInput.Add("Coil radius", "", std::nullopt, 0);
   std::string message;
-  ASSERT_TRUE(LoadBytes(form, Golden("coil.bvg"), message));
-  vbrt::FileTable files;
-  WriteBytes(Path("more.bvg"), CrLf({"[INPUT]", "DESCRIPTION=Turns", "TYPE=Physical", "",
-                                     "[INPUT]", "DESCRIPTION=Gap", "", "[END]"}));
-  ASSERT_TRUE(LoadSession(form, {files, fs_}, Path("more.bvg"), message));
+  ASSERT_TRUE(LoadBytes(form, CrLf({"[INPUT]", "DESCRIPTION=Turns", "TYPE=Physical", "",
+                                    "[INPUT]", "DESCRIPTION=Gap", "", "[END]"}),
+                        message));
   ASSERT_EQ(form.lvInput.Count(), 4);
   EXPECT_EQ(form.lvInput.Item(0).text, "Coil radius");
   EXPECT_EQ(form.lvInput.Item(1).text, "Turns");
   EXPECT_EQ(form.lvInput.SubItem(1, 1), "Physical");
   EXPECT_EQ(form.lvInput.Item(2).text, "Gap");
   EXPECT_EQ(form.lvInput.Item(3).text, "<new>");
-  EXPECT_EQ(form.lvOutput.Count(), 1);
 }
 
 // A change handler that fails the way a page check can, on one path.
@@ -289,7 +265,7 @@ TEST_F(SessionFileTest, AFailingChangeHandlerFailsTheLoad) {
   EXPECT_FALSE(LoadBytes(
       form, CrLf({"[GENERAL]", "AUTHOR=read", "MODEL=bad", "DATA=not read", "", "[END]"}),
       message));
-  EXPECT_EQ(message, "Error loading data from generation file");
+  EXPECT_EQ(message, kLoadError);
   EXPECT_EQ(form.edAuthor, "read");
   EXPECT_EQ(form.edModel, "bad");
   EXPECT_EQ(form.edData, "");
@@ -303,10 +279,39 @@ TEST_F(SessionFileTest, AFileOfOnlyEndChangesNothing) {
   ASSERT_TRUE(LoadBytes(form, "[END]", message));  // no line end either
   EXPECT_EQ(message, kUnchanged);
   EXPECT_TRUE(handlers.calls.empty());
-  EXPECT_EQ(form.lvInput.Count(), 1);
-  std::string saved;
-  ASSERT_TRUE(Save(form, Path("out.bvg"), saved));
+  ASSERT_TRUE(Save(form, Path("out.bvg"), message));
   EXPECT_EQ(ReadBytes(Path("out.bvg")), Golden("empty.bvg"));
+}
+
+TEST_F(SessionFileTest, AMegabyteLineIsReadWhole) {
+  FormState form;
+  std::string message;
+  ASSERT_TRUE(LoadBytes(
+      form, CrLf({"[GENERAL]", "AUTHOR=" + std::string(1 << 20, 'a'), "", "[END]"}), message));
+  EXPECT_EQ(form.edAuthor.size(), 1u << 20);
+}
+
+// Large enough that a reader or writer slower than linear would run into the test's time
+// limit, small enough to stay cheap under the sanitizers.
+TEST_F(SessionFileTest, ATenMegabyteSessionLoadsAndSavesWhole) {
+  std::string bytes;
+  const int outputs = 20000;
+  for (int i = 0; i < outputs; ++i) {
+    bytes += "[OUTPUT]\r\nDESCRIPTION=Output " + std::to_string(i) + "\r\nKEY=k" +
+             std::to_string(i) + "\r\nICON=3\r\nVALUE=Res.GetIntegral(zxEnergy, Cnt).Abs\r\n\r\n";
+  }
+  int inputs = 0;
+  while (bytes.size() < (10u << 20)) {
+    bytes += "[INPUT]\r\nDESCRIPTION=Input " + std::to_string(inputs++) +
+             "\r\nTYPE=Geometrical\r\nVARIABLE=v\r\nUNIT=mm\r\nMIN=0\r\nMAX=10\r\nDEFAULT=1\r\n\r\n";
+  }
+  FormState form;
+  std::string message;
+  ASSERT_TRUE(LoadBytes(form, bytes + "[END]\r\n", message)) << message;
+  EXPECT_EQ(form.lvOutput.Count(), outputs);
+  EXPECT_EQ(form.InputCount(), inputs);
+  ASSERT_TRUE(Save(form, Path("out.bvg"), message)) << message;
+  EXPECT_GT(std::filesystem::file_size(Path("out.bvg")), 10u << 20);
 }
 
 }  // namespace

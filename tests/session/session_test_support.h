@@ -1,19 +1,16 @@
 #pragma once
-// Shared helpers of the session tests: a scratch folder, whole-file bytes, the session
-// reader and writer bound to one file table, and handlers that record what ran.
-#include <unistd.h>
-
+// Shared helpers of the session tests: whole-file bytes, CR LF lines, the example record,
+// and a fixture with its own scratch folder, file table and file system (no drive letters).
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
+#include "../platform/scratch_folder.h"
 #include "platform/posix/posix_file_system.h"
 #include "session/form_state.h"
 #include "session/session_file.h"
@@ -26,18 +23,10 @@ inline std::string ReadBytes(const std::filesystem::path& file) {
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-inline void WriteBytes(const std::filesystem::path& file, std::string_view bytes) {
-  std::ofstream out(file, std::ios::binary);
-  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
 // Joins the lines, each ended by CR LF.
 inline std::string CrLf(std::initializer_list<std::string_view> lines) {
   std::string bytes;
-  for (const std::string_view line : lines) {
-    bytes += line;
-    bytes += "\r\n";
-  }
+  for (const std::string_view line : lines) bytes.append(line).append("\r\n");
   return bytes;
 }
 
@@ -45,51 +34,23 @@ inline std::string Golden(const std::string& name) {
   return ReadBytes(std::filesystem::path(EOW_TEST_DIR) / "golden" / "session" / name);
 }
 
-// Records every change handler that SetText ran, with the text it saw.
-class RecordingHandlers : public FieldHandlers {
- public:
-  std::vector<std::pair<TextField, std::string>> calls;
-  void TextSet(FormState& form, TextField field) override {
-    const std::string* text = field == TextField::Location ? &form.edLocation
-                              : field == TextField::Model  ? &form.edModel
-                              : field == TextField::Data   ? &form.edData
-                                                           : &form.edSketch;
-    calls.emplace_back(field, *text);
-  }
-};
-
-// A test with its own scratch folder, file table and file system (no drive letters).
 class SessionFileTest : public ::testing::Test {
  protected:
-  SessionFileTest()
-      : dir_(std::filesystem::temp_directory_path() /
-             ("eow_session_" + std::to_string(::getpid()) + "_" +
-              ::testing::UnitTest::GetInstance()->current_test_info()->name())),
-        fs_(platform::DriveMap{}) {
-    std::filesystem::remove_all(dir_);
-    std::filesystem::create_directories(dir_);
-  }
-  ~SessionFileTest() override { std::filesystem::remove_all(dir_); }
-
-  std::string Path(const std::string& name) const { return (dir_ / name).string(); }
-  SessionIo Io() { return {files_, fs_}; }
-
+  std::string Path(const std::string& name) const { return (scratch_.Path() / name).string(); }
   bool Load(FormState& form, const std::string& path, std::string& message) {
-    return LoadSession(form, Io(), path, message);
+    return LoadSession(form, {files_, fs_}, path, message);
   }
   bool Save(const FormState& form, const std::string& path, std::string& message) {
-    return SaveSession(form, Io(), path, message);
+    return SaveSession(form, {files_, fs_}, path, message);
   }
   // Writes `bytes` to a file of the scratch folder and loads it into `form`.
-  bool LoadBytes(FormState& form, std::string_view bytes, std::string& message) {
-    const std::string path = Path("in.bvg");
-    WriteBytes(path, bytes);
-    return Load(form, path, message);
+  bool LoadBytes(FormState& form, const std::string& bytes, std::string& message) {
+    return Load(form, scratch_.Write("in.bvg", bytes).string(), message);
   }
 
-  std::filesystem::path dir_;
+  ScratchFolder scratch_;
   vbrt::FileTable files_;
-  platform::PosixFileSystem fs_;
+  platform::PosixFileSystem fs_{platform::DriveMap{}};
 };
 
 // Fills the form with the example session of the file format's description.

@@ -9,6 +9,7 @@
 #include "platform/prompt/scripted_prompter.h"
 #include "session/form_state.h"
 #include "vbrt/numbers.h"
+#include "wizard_test_support.h"
 
 namespace wizard {
 namespace {
@@ -16,9 +17,8 @@ namespace {
 using platform::MsgAnswer;
 using platform::MsgButtons;
 using platform::MsgIcon;
+using test::ExpectTold;
 using testing::ElementsAre;
-
-constexpr const char* kTitle = "Zentrix Bravant ExploringObject Wizard";
 
 class InputPageTest : public testing::Test {
  protected:
@@ -46,26 +46,10 @@ class InputPageTest : public testing::Test {
     page_.EditorTextChanged(text);
     return page_.CommitCell();
   }
-  // The one message shown since the last call; cleared afterwards.
-  platform::Message Told() {
-    EXPECT_EQ(prompter_.shown.size(), 1u);
-    platform::Message message = prompter_.shown.empty() ? platform::Message{} : prompter_.shown[0];
-    prompter_.shown.clear();
-    return message;
-  }
-  void ExpectValidationError(const std::string& reason) {
-    const platform::Message message = Told();
-    EXPECT_EQ(message.text, "Validation error: " + reason);
-    EXPECT_EQ(message.icon, MsgIcon::Exclamation);
-    EXPECT_EQ(message.buttons, MsgButtons::OK);
-    EXPECT_EQ(message.title, kTitle);
-  }
-  void ExpectPlainBox(const std::string& text) {
-    const platform::Message message = Told();
-    EXPECT_EQ(message.text, text);
-    EXPECT_EQ(message.icon, MsgIcon::None);
-    EXPECT_EQ(message.buttons, MsgButtons::OK);
-    EXPECT_EQ(message.title, "");
+  // Refused numbers are told in a box without icon or title.
+  void ExpectNotNumeric(const std::string& what) {
+    ExpectTold(prompter_, "Validation error: Parameter " + what + " must be numeric.",
+               MsgIcon::None, MsgButtons::OK, "");
   }
 
   session::ListView lv_{session::kInputColumns};
@@ -73,63 +57,56 @@ class InputPageTest : public testing::Test {
   InputPage page_{lv_, prompter_};
 };
 
-TEST_F(InputPageTest, DescriptionChecksInOrder) {
+TEST_F(InputPageTest, DescriptionAndVariableChecks) {
   AddRow("Width", "w");
   AddRow("Height", "h");
-  AddRow("12", "n");  // as a hand-written session may hold it
-  page_.ClickCell(0, kColDescription);
-  std::string message;
-  EXPECT_TRUE(page_.ValidateDescription("Width", message));  // unchanged
-  EXPECT_FALSE(page_.ValidateDescription("", message));
-  EXPECT_EQ(message, "Parameter description cann't be empty.");
-  for (const char* number : {"12", "1.5", "1e3"}) {
-    EXPECT_FALSE(page_.ValidateDescription(number, message)) << number;
-    EXPECT_EQ(message, "Parameter description cann't be numeric.") << number;
+  AddRow("Width", "w");  // a duplicate, as a hand-written session may hold it
+  const struct {
+    int column;
+    const char* text;
+    const char* error;  // "" = accepted
+  } cases[] = {
+      {kColDescription, "Width", ""},  // unchanged passes even though duplicated
+      {kColDescription, "height", ""},
+      {kColDescription, "", "Parameter description cann't be empty."},
+      {kColDescription, "12", "Parameter description cann't be numeric."},
+      {kColDescription, "1e3", "Parameter description cann't be numeric."},
+      {kColDescription, "Height", "Parameter description must be unique."},
+      {kColDescription, "<new>", "Parameter description must be unique."},
+      {kColVariable, "w", ""},
+      {kColVariable, "", "Parameter variable name cann't be empty."},
+      {kColVariable, "9x", "Invalid parameter variable name."},
+      {kColVariable, "_a", "Invalid parameter variable name."},
+      {kColVariable, "h", "Parameter variable name must be unique."},
+      {kColVariable, "x 9", ""},  // only the first character is looked at
+      {kColVariable, "Z", ""},
+      {kColVariable, "z", ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.text) + " in column " + std::to_string(c.column));
+    page_.ClickCell(0, c.column);
+    std::string message;
+    const bool ok = c.column == kColDescription ? page_.ValidateDescription(c.text, message)
+                                                : page_.ValidateVariable(c.text, message);
+    EXPECT_EQ(ok, *c.error == '\0');
+    if (!ok) {
+      EXPECT_EQ(message, c.error);
+    }
+    page_.KeyEscape();
   }
-  for (const char* taken : {"Height", "<new>"}) {
-    EXPECT_FALSE(page_.ValidateDescription(taken, message)) << taken;
-    EXPECT_EQ(message, "Parameter description must be unique.") << taken;
-  }
-  EXPECT_TRUE(page_.ValidateDescription("height", message));
   EXPECT_TRUE(prompter_.shown.empty());
 }
 
-TEST_F(InputPageTest, VariableChecksLookAtTheFirstCharacterOnly) {
+TEST_F(InputPageTest, TextEditsStoreWhatPassesAndRefusalsKeepTheEditorOpen) {
   AddRow("Width", "w");
   AddRow("Height", "h");
-  AddRow("Odd", "9q");
-  page_.ClickCell(0, kColVariable);
-  std::string message;
-  EXPECT_TRUE(page_.ValidateVariable("w", message));
-  EXPECT_FALSE(page_.ValidateVariable("", message));
-  EXPECT_EQ(message, "Parameter variable name cann't be empty.");
-  for (const char* bad : {"9x", "_a", " x", "9q"}) {
-    EXPECT_FALSE(page_.ValidateVariable(bad, message)) << bad;
-    EXPECT_EQ(message, "Invalid parameter variable name.") << bad;
-  }
-  EXPECT_FALSE(page_.ValidateVariable("h", message));
-  EXPECT_EQ(message, "Parameter variable name must be unique.");
-  for (const char* good : {"x 9", "a-b", "H", "Z", "z"}) {
-    EXPECT_TRUE(page_.ValidateVariable(good, message)) << good;
-  }
-}
-
-TEST_F(InputPageTest, RefusedTextEditsTellAndKeepTheEditorOpen) {
-  AddRow("Width", "w");
-  AddRow("Height", "h");
-  EXPECT_FALSE(Commit(0, kColDescription, "Height"));
-  ExpectValidationError("Parameter description must be unique.");
-  EXPECT_FALSE(Commit(0, kColDescription, "<new>"));
-  ExpectValidationError("Parameter description must be unique.");
   EXPECT_FALSE(Commit(0, kColVariable, "9x"));
-  ExpectValidationError("Invalid parameter variable name.");
+  ExpectTold(prompter_, "Validation error: Invalid parameter variable name.",
+             MsgIcon::Exclamation);
   EXPECT_TRUE(page_.Editor().open);
   EXPECT_EQ(page_.Editor().text, "9x");
   EXPECT_THAT(Row(0), ElementsAre("Width", "Geometrical", "w", "", "0", "10", "1"));
-}
 
-TEST_F(InputPageTest, TextColumnsStoreWhatPasses) {
-  AddRow("Width", "w");
   EXPECT_TRUE(Commit(0, kColDescription, "Gap"));
   EXPECT_TRUE(Commit(0, kColVariable, "x 9"));
   EXPECT_TRUE(Commit(0, kColUnit, "12 anything"));
@@ -137,42 +114,30 @@ TEST_F(InputPageTest, TextColumnsStoreWhatPasses) {
   EXPECT_TRUE(prompter_.shown.empty());
 }
 
-TEST_F(InputPageTest, UnchangedTextCommitsSilentlyEvenWhenDuplicated) {
-  AddRow("Same", "v");
-  AddRow("Same", "v");
-  EXPECT_TRUE(Commit(1, kColDescription, "Same"));
-  EXPECT_TRUE(Commit(1, kColVariable, "v"));
+TEST_F(InputPageTest, NumbersAreStoredInStandardFormAndKeepTheLimitsOrdered) {
+  const struct {
+    const char *min, *max, *def;
+    int column;
+    const char* typed;
+    std::vector<std::string> limits;  // min, max, default afterwards
+  } cases[] = {
+      {"0", "3", "1", kColMin, "5", {"5", "5", "5"}},
+      {"1", "10", "1", kColMax, "0.5", {"0.5", "0.5", "0.5"}},
+      {"0", "10", "1", kColDefault, "20", {"0", "20", "20"}},
+      {"0", "20", "20", kColDefault, "-1", {"-1", "20", "-1"}},
+      // A neighbour without a number cannot be compared and is kept as it stands.
+      {"0", "", "1", kColMin, "4", {"4", "", "4"}},
+      {"0", "10", "1", kColDefault, "1.50", {"0", "10", "1.5"}},
+      {"0", "10", "1", kColMax, "1e3", {"0", "1000", "1"}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.typed);
+    const int row = AddRow("P" + std::to_string(lv_.Count()), "v", c.min, c.max, c.def);
+    EXPECT_TRUE(Commit(row, c.column, c.typed));
+    const std::vector<std::string> cells = Row(row);
+    EXPECT_EQ(std::vector<std::string>(cells.begin() + 4, cells.end()), c.limits);
+  }
   EXPECT_TRUE(prompter_.shown.empty());
-}
-
-TEST_F(InputPageTest, LimitsStayOrderedInFavourOfTheEditedValue) {
-  AddRow("A", "a", "0", "3", "1");
-  EXPECT_TRUE(Commit(0, kColMin, "5"));
-  EXPECT_THAT(Row(0), ElementsAre("A", "Geometrical", "a", "", "5", "5", "5"));
-
-  AddRow("B", "b", "1", "10", "1");
-  EXPECT_TRUE(Commit(1, kColMax, "0.5"));
-  EXPECT_THAT(Row(1), ElementsAre("B", "Geometrical", "b", "", "0.5", "0.5", "0.5"));
-
-  AddRow("C", "c", "0", "10", "1");
-  EXPECT_TRUE(Commit(2, kColDefault, "20"));
-  EXPECT_THAT(Row(2), ElementsAre("C", "Geometrical", "c", "", "0", "20", "20"));
-  EXPECT_TRUE(Commit(2, kColDefault, "-1"));
-  EXPECT_THAT(Row(2), ElementsAre("C", "Geometrical", "c", "", "-1", "20", "-1"));
-
-  // A neighbour without a number cannot be compared and is kept as it stands.
-  AddRow("D", "d", "0", "", "1");
-  EXPECT_TRUE(Commit(3, kColMin, "4"));
-  EXPECT_THAT(Row(3), ElementsAre("D", "Geometrical", "d", "", "4", "", "4"));
-  EXPECT_TRUE(prompter_.shown.empty());
-}
-
-TEST_F(InputPageTest, NumbersAreWrittenBackInStandardForm) {
-  AddRow("A", "a");
-  EXPECT_TRUE(Commit(0, kColDefault, "1.50"));
-  EXPECT_EQ(lv_.SubItem(0, 6), "1.5");
-  EXPECT_TRUE(Commit(0, kColMax, "1e3"));
-  EXPECT_EQ(lv_.SubItem(0, 5), "1000");
 
   const vbrt::NumberFormat saved = vbrt::UserNumberFormat();
   vbrt::SetUserNumberFormat({",", "."});
@@ -181,17 +146,17 @@ TEST_F(InputPageTest, NumbersAreWrittenBackInStandardForm) {
   EXPECT_FALSE(Commit(0, kColMin, "1,5,0"));
   vbrt::SetUserNumberFormat(saved);
   EXPECT_EQ(stored, "2,5");
-  ExpectPlainBox("Validation error: Parameter minimum must be numeric.");
+  ExpectNotNumeric("minimum");
 }
 
-TEST_F(InputPageTest, NonNumericLimitsAreRefusedInAPlainBox) {
+TEST_F(InputPageTest, NonNumericLimitsAreRefused) {
   AddRow("A", "a");
   EXPECT_FALSE(Commit(0, kColMin, "abc"));
-  ExpectPlainBox("Validation error: Parameter minimum must be numeric.");
+  ExpectNotNumeric("minimum");
   EXPECT_FALSE(Commit(0, kColMax, ""));
-  ExpectPlainBox("Validation error: Parameter maximum must be numeric.");
+  ExpectNotNumeric("maximum");
   EXPECT_FALSE(Commit(0, kColDefault, "1x"));
-  ExpectPlainBox("Validation error: Parameter default value must be numeric.");
+  ExpectNotNumeric("default value");
   EXPECT_THAT(Row(0), ElementsAre("A", "Geometrical", "a", "", "0", "10", "1"));
   EXPECT_TRUE(page_.Editor().open);
 }
@@ -211,19 +176,14 @@ TEST_F(InputPageTest, ClickingThePlaceholderAddsAParameterOnYes) {
   page_.ClickCell(0, kColDescription);
   EXPECT_EQ(lv_.Count(), 1);
   EXPECT_FALSE(page_.Editor().open);
-  const platform::Message question = Told();
-  EXPECT_EQ(question.text, "Add new parameter ?");
-  EXPECT_EQ(question.buttons, MsgButtons::YesNo);
-  EXPECT_EQ(question.icon, MsgIcon::Question);
+  ExpectTold(prompter_, "Add new parameter ?", MsgIcon::Question, MsgButtons::YesNo);
 
   prompter_.Answer(MsgAnswer::Yes);
   page_.ClickCell(0, kColUnit);
-  prompter_.shown.clear();
   ASSERT_EQ(lv_.Count(), 2);
   EXPECT_THAT(Row(0), ElementsAre("p1", "Geometrical", "p1", "", "0", "10", "1"));
   EXPECT_EQ(lv_.Item(1).text, "<new>");
   EXPECT_TRUE(lv_.Item(1).subItems.empty());
-  EXPECT_TRUE(page_.Editor().open);
   EXPECT_EQ(page_.Editor().row, 0);
   EXPECT_EQ(page_.Editor().column, kColUnit);
 }
@@ -237,19 +197,21 @@ TEST_F(InputPageTest, EnterMovesAlongTheRowWithinItsColumns) {
   EXPECT_EQ(page_.Editor().column, kColType);
   EXPECT_EQ(page_.Editor().kind, EditorKind::Combo);
   page_.KeyEnter(true);
-  EXPECT_EQ(page_.Editor().column, kColDescription);
   page_.KeyEnter(true);
   EXPECT_EQ(page_.Editor().column, kColDescription);
 
   page_.ClickCell(0, kColDefault);
   page_.KeyEnter(false);
   EXPECT_EQ(page_.Editor().column, kColDefault);
-
   page_.EditorTextChanged("oops");
   page_.KeyEnter(true);
   prompter_.shown.clear();
   EXPECT_EQ(page_.Editor().column, kColDefault);
   EXPECT_EQ(page_.Editor().text, "oops");
+
+  page_.KeyEscape();  // stores nothing
+  EXPECT_FALSE(page_.Editor().open);
+  EXPECT_EQ(lv_.SubItem(0, 6), "1");
 }
 
 TEST_F(InputPageTest, UpAndDownCommitAndMoveInTheSameColumn) {
@@ -259,15 +221,9 @@ TEST_F(InputPageTest, UpAndDownCommitAndMoveInTheSameColumn) {
   page_.EditorTextChanged("2");
   page_.KeyUp();
   EXPECT_EQ(lv_.SubItem(1, 4), "2");
-  EXPECT_EQ(page_.Editor().row, 0);
   page_.KeyUp();
   EXPECT_EQ(page_.Editor().row, 0);
   EXPECT_EQ(page_.Editor().column, kColMin);
-
-  page_.EditorTextChanged("x");
-  page_.KeyDown();
-  prompter_.shown.clear();
-  EXPECT_EQ(page_.Editor().row, 0);
 
   page_.EditorTextChanged("0");
   page_.KeyDown();
@@ -280,17 +236,7 @@ TEST_F(InputPageTest, UpAndDownCommitAndMoveInTheSameColumn) {
   prompter_.Answer(MsgAnswer::Yes);
   page_.KeyDown();
   EXPECT_EQ(page_.Editor().row, 2);
-  EXPECT_EQ(lv_.Count(), 4);
   EXPECT_EQ(lv_.Item(2).text, "p1");
-}
-
-TEST_F(InputPageTest, EscapeStoresNothing) {
-  AddRow("A", "a");
-  page_.ClickCell(0, kColDescription);
-  page_.EditorTextChanged("Z");
-  page_.KeyEscape();
-  EXPECT_FALSE(page_.Editor().open);
-  EXPECT_EQ(lv_.Item(0).text, "A");
 }
 
 TEST_F(InputPageTest, TypeListSelectsTheCellsTypeAndStoresTheChoice) {
@@ -308,8 +254,6 @@ TEST_F(InputPageTest, TypeListSelectsTheCellsTypeAndStoresTheChoice) {
   // A type the list does not know is kept until the user chooses one.
   page_.ClickCell(1, kColType);
   EXPECT_EQ(page_.Editor().typeIndex, -1);
-  page_.KeyEscape();
-  page_.ClickCell(1, kColType);
   EXPECT_TRUE(page_.EditorLeft());
   EXPECT_EQ(lv_.SubItem(1, 1), "Unknown");
 }
@@ -321,45 +265,33 @@ TEST_F(InputPageTest, ClickingElsewhereCommitsTheOpenEditFirst) {
   page_.EditorTextChanged("mm");
   page_.ClickCell(1, kColVariable);
   EXPECT_EQ(lv_.SubItem(0, 3), "mm");
-  EXPECT_EQ(page_.Editor().row, 1);
   EXPECT_EQ(page_.Editor().text, "b");
 
   page_.EditorTextChanged("a");  // refused; the click still goes through
   page_.ClickCell(0, kColDescription);
-  ExpectValidationError("Parameter variable name must be unique.");
+  ExpectTold(prompter_, "Validation error: Parameter variable name must be unique.",
+             MsgIcon::Exclamation);
   EXPECT_EQ(lv_.SubItem(1, 2), "b");
   EXPECT_EQ(page_.Editor().row, 0);
 }
 
-TEST_F(InputPageTest, EditAndRemoveNeedASelectedParameter) {
+TEST_F(InputPageTest, EditAndRemoveNeedASelectedParameterAndRemoveAsksFirst) {
   AddRow("Width", "w");
   for (const bool placeholderSelected : {false, true}) {
     lv_.SetSelected(1, placeholderSelected);
     page_.EditClicked();
+    ExpectTold(prompter_, "No parameter selected.", MsgIcon::Exclamation);
     page_.RemoveClicked();
-    for (const platform::Message& message : prompter_.shown) {
-      EXPECT_EQ(message.text, "No parameter selected.");
-      EXPECT_EQ(message.icon, MsgIcon::Exclamation);
-      EXPECT_EQ(message.title, kTitle);
-    }
-    EXPECT_EQ(prompter_.shown.size(), 2u);
-    prompter_.shown.clear();
+    ExpectTold(prompter_, "No parameter selected.", MsgIcon::Exclamation);
   }
   EXPECT_FALSE(page_.Dialog().shown);
-  EXPECT_EQ(lv_.Count(), 2);
-}
 
-TEST_F(InputPageTest, RemoveAsksFirst) {
-  AddRow("Width", "w");
   lv_.SetSelected(0, true);
   prompter_.Answer(MsgAnswer::No);
   page_.RemoveClicked();
   EXPECT_EQ(lv_.Count(), 2);
-  const platform::Message question = Told();
-  EXPECT_EQ(question.text, "Are you sure to remove 'Width' parameter ?");
-  EXPECT_EQ(question.buttons, MsgButtons::YesNo);
-  EXPECT_EQ(question.icon, MsgIcon::None);
-  EXPECT_EQ(question.title, "");
+  ExpectTold(prompter_, "Are you sure to remove 'Width' parameter ?", MsgIcon::None,
+             MsgButtons::YesNo, "");
   prompter_.Answer(MsgAnswer::Yes);
   page_.RemoveClicked();
   ASSERT_EQ(lv_.Count(), 1);
@@ -403,10 +335,8 @@ TEST_F(InputPageTest, DialogEditsInPlaceOrMovesTheRowWhenTheVariableChanges) {
   AddRow("Height", "h");
   lv_.SetSelected(0, true);
   page_.EditClicked();
-  const InputDialog& dialog = page_.Dialog();
-  EXPECT_EQ(dialog.edName, "Width");
-  EXPECT_EQ(dialog.typeOption, -1);  // "Problem" is not offered here
-  EXPECT_TRUE(dialog.okEnabled);
+  EXPECT_EQ(page_.Dialog().edName, "Width");
+  EXPECT_EQ(page_.Dialog().typeOption, -1);  // "Problem" is not offered here
   page_.DialogEdited(InputField::Name, "Wide");
   page_.DialogEdited(InputField::Min, "");
   EXPECT_TRUE(page_.DialogAccept());
@@ -424,19 +354,17 @@ TEST_F(InputPageTest, DialogEditsInPlaceOrMovesTheRowWhenTheVariableChanges) {
   // Its key follows a later change of the variable in place.
   EXPECT_TRUE(Commit(1, kColVariable, "y"));
   EXPECT_EQ(lv_.Item(1).key, "y");
-}
 
-TEST_F(InputPageTest, DialogRefusesNonNumericLimitsAndCancelChangesNothing) {
-  AddRow("Width", "w");
-  lv_.SetSelected(0, true);
+  // Non-numeric limits are refused with the dialog kept; Cancel changes nothing.
+  lv_.SetSelected(1, true);
   page_.EditClicked();
   page_.DialogEdited(InputField::Max, "ten");
   EXPECT_FALSE(page_.DialogAccept());
-  ExpectPlainBox("Validation error: Parameter maximum must be numeric.");
+  ExpectNotNumeric("maximum");
   EXPECT_TRUE(page_.Dialog().shown);
   page_.DialogCancel();
   EXPECT_FALSE(page_.Dialog().shown);
-  EXPECT_THAT(Row(0), ElementsAre("Width", "Geometrical", "w", "", "0", "10", "1"));
+  EXPECT_THAT(Row(1), ElementsAre("Wide", "Postprocess", "y", "", "0", "10", "1"));
 }
 
 }  // namespace

@@ -8,17 +8,16 @@
 #include "platform/prompt/scripted_prompter.h"
 #include "platform/regfile/registry_files.h"
 #include "vbrt/file_table.h"
+#include "wizard_test_support.h"
 
 namespace wizard {
 namespace {
 
 namespace fs = std::filesystem;
 using platform::MsgAnswer;
-using platform::MsgButtons;
 using platform::MsgIcon;
 using session::TextField;
-
-constexpr const char* kTitle = "Zentrix Bravant ExploringObject Wizard";
+using test::kTitle;
 
 class PageChecksTest : public testing::Test {
  protected:
@@ -31,12 +30,7 @@ class PageChecksTest : public testing::Test {
   }
   std::string InScratch(const std::string& name) const { return (scratch_.Path() / name).string(); }
   void ExpectTold(const std::string& text, MsgIcon icon) {
-    ASSERT_EQ(prompter_.shown.size(), 1u);
-    EXPECT_EQ(prompter_.shown[0].text, text);
-    EXPECT_EQ(prompter_.shown[0].icon, icon);
-    EXPECT_EQ(prompter_.shown[0].buttons, MsgButtons::OK);
-    EXPECT_EQ(prompter_.shown[0].title, kTitle);
-    prompter_.shown.clear();
+    test::ExpectTold(prompter_, text, icon);
   }
 
   ScratchFolder scratch_;
@@ -96,46 +90,49 @@ TEST_F(PageChecksTest, WarnsAboutAnObjectRegisteredByAnEarlierGeneration) {
   EXPECT_TRUE(form_.btnFinishEnabled);
 }
 
-TEST_F(PageChecksTest, BasicFilesTakeExistingPathsAndClearMissingOnes) {
+TEST_F(PageChecksTest, FilesAreKeptOnlyWhenTheyExist) {
+  using session::FormState;
+  const struct {
+    TextField field;
+    const char* file;
+    const char* what;
+    std::string FormState::*edited;
+    std::string FormState::*kept;
+  } cases[] = {
+      {TextField::Model, "Coil.mod", "Model", &FormState::edModel, &FormState::theModel},
+      {TextField::Data, "Coil.dms", "Data", &FormState::edData, &FormState::theData},
+      {TextField::Sketch, "Coil.bmp", "Sketch", &FormState::edSketch, &FormState::theSketch},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    scratch_.Write(c.file, "x");
+    form_.SetText(c.field, std::string("M:\\") + c.file);
+    EXPECT_EQ(form_.*c.kept, std::string("M:\\") + c.file);
+    form_.SetText(c.field, "M:\\Gone.x");
+    ExpectTold(std::string(c.what) + " file 'M:\\Gone.x' does not exist.", MsgIcon::Information);
+    EXPECT_EQ(form_.*c.edited, "M:\\Gone.x");
+    EXPECT_EQ(form_.*c.kept, "");
+    form_.*c.kept = "stale";
+    form_.SetText(c.field, "");
+    EXPECT_EQ(form_.*c.kept, "");
+  }
+  EXPECT_TRUE(prompter_.shown.empty());
+}
+
+TEST_F(PageChecksTest, MissingBasicFileResetsItsOptions) {
   scratch_.Write("Coil.mod", "model");
   form_.SetText(TextField::Model, "M:\\Coil.mod");
-  EXPECT_EQ(form_.theModel, "M:\\Coil.mod");
   EXPECT_TRUE(form_.optModelLink.enabled);
-
   form_.SelectModelCase(true);
   form_.SetText(TextField::Model, "M:\\Gone.mod");
-  ExpectTold("Model file 'M:\\Gone.mod' does not exist.", MsgIcon::Information);
-  EXPECT_EQ(form_.edModel, "M:\\Gone.mod");
-  EXPECT_EQ(form_.theModel, "");
   EXPECT_TRUE(form_.optModelLink.value);
   EXPECT_FALSE(form_.optModelCode.value);
   EXPECT_FALSE(form_.optModelLink.enabled);
   EXPECT_FALSE(form_.optModelCode.enabled);
 
-  form_.SetText(TextField::Data, "M:\\Gone.dms");
-  ExpectTold("Data file 'M:\\Gone.dms' does not exist.", MsgIcon::Information);
-  EXPECT_EQ(form_.theData, "");
-  EXPECT_FALSE(form_.optDataLink.enabled);
-
-  form_.theData = "stale";
   form_.optDataLink.enabled = true;
   form_.SetText(TextField::Data, "");
-  EXPECT_EQ(form_.theData, "");
   EXPECT_FALSE(form_.optDataLink.enabled);
-  EXPECT_TRUE(prompter_.shown.empty());
-}
-
-TEST_F(PageChecksTest, SketchIsKeptOnlyWhenItExists) {
-  scratch_.Write("Coil.bmp", "image");
-  form_.SetText(TextField::Sketch, "M:\\Coil.bmp");
-  EXPECT_EQ(form_.theSketch, "M:\\Coil.bmp");
-  form_.SetText(TextField::Sketch, "M:\\Gone.bmp");
-  ExpectTold("Sketch file 'M:\\Gone.bmp' does not exist.", MsgIcon::Information);
-  EXPECT_EQ(form_.theSketch, "");
-  EXPECT_EQ(form_.edSketch, "M:\\Gone.bmp");
-  form_.SetText(TextField::Sketch, "");
-  EXPECT_EQ(form_.theSketch, "");
-  EXPECT_TRUE(prompter_.shown.empty());
 }
 
 TEST_F(PageChecksTest, CreateFolderPathMakesEveryMissingParent) {
@@ -168,27 +165,6 @@ TEST_F(SessionFileTest, UnchangedSettingsLoadAtOnceEvenFromAnotherMachine) {
   EXPECT_EQ(form_.edLocation, "Q:\\Elsewhere\\Coil.vbp");
   EXPECT_EQ(form_.theName, "Coil");
   EXPECT_EQ(form_.theLocation, "");
-  EXPECT_EQ(form_.edAuthor, "Ann");
-  EXPECT_FALSE(changed_);
-}
-
-TEST_F(SessionFileTest, ChangedSettingsAskFirst) {
-  changed_ = true;
-  prompter_.Answer(MsgAnswer::Cancel);
-  EXPECT_TRUE(Leave());
-  prompter_.Answer(MsgAnswer::No);
-  EXPECT_FALSE(Leave());
-  EXPECT_EQ(form_.edAuthor, "");
-  EXPECT_TRUE(changed_);
-  ASSERT_EQ(prompter_.shown.size(), 2u);
-  EXPECT_EQ(prompter_.shown[0].text, "Load old Exploring Object Wizard saving ?");
-  EXPECT_EQ(prompter_.shown[0].buttons, MsgButtons::YesNoCancel);
-  EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Question);
-  EXPECT_EQ(prompter_.shown[0].title, kTitle);
-  prompter_.shown.clear();
-
-  prompter_.Answer(MsgAnswer::Yes);
-  EXPECT_FALSE(Leave());
   EXPECT_EQ(form_.edAuthor, "Ann");
   EXPECT_FALSE(changed_);
 }

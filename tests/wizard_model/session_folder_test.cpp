@@ -16,22 +16,13 @@ TEST(SessionFolder, JoinsInTheFolderPathsOwnForm) {
   EXPECT_EQ(JoinPath("C:\\", "x.bvg"), "C:\\x.bvg");
 }
 
-TEST_F(WizardTest, DefaultSessionIsTheFirstFreeNumber) {
-  const fs::path sessions = scratch_.Path() / "sessions";
-  for (const char* name : {"Generation1.bvg", "Generation2.bvg", "Generation5.bvg"}) {
-    scratch_.Write("sessions/" + std::string(name), "");
-  }
-  EXPECT_EQ(DefaultSessionFile(files_, sessions.string()),
-            (sessions / "Generation3.bvg").string());
-  EXPECT_EQ(DefaultSessionFile(files_, InScratch("empty")), InScratch("empty/Generation1.bvg"));
-}
-
 TEST_F(WizardTest, StartUpProposesTheFirstFreeSessionBesideTheProgram) {
   for (const char* name : {"Generation1.bvg", "Generation2.bvg", "Generation5.bvg"}) {
     scratch_.Write("bin/WizardSessions/" + std::string(name), "");
   }
   EXPECT_EQ(Start().State().edFile,
             (ProgramFolder() / "WizardSessions" / "Generation3.bvg").string());
+  EXPECT_EQ(DefaultSessionFile(files_, InScratch("none")), InScratch("none/Generation1.bvg"));
 }
 
 TEST_F(WizardTest, UnwritableProgramFolderMovesTheSessionsToTheUsersFolderOnce) {
@@ -46,11 +37,10 @@ TEST_F(WizardTest, UnwritableProgramFolderMovesTheSessionsToTheUsersFolderOnce) 
   EXPECT_TRUE(fs::is_directory(perUser));
   EXPECT_EQ(wizard_.Form()->SessionsFolder(), perUser.string());
   EXPECT_EQ(wizard_.Form()->State().edFile, (perUser / "Generation1.bvg").string());
-  ASSERT_EQ(prompter_.shown.size(), 1u);
-  EXPECT_EQ(prompter_.shown[0].text, "Wizard sessions cannot be kept in '" + programFolder_ +
-                                         "/WizardSessions'. They are kept in '" +
-                                         perUser.string() + "' instead.");
-  EXPECT_EQ(prompter_.shown[0].icon, platform::MsgIcon::Information);
+  ExpectTold(prompter_,
+             "Wizard sessions cannot be kept in '" + programFolder_ +
+                 "/WizardSessions'. They are kept in '" + perUser.string() + "' instead.",
+             platform::MsgIcon::Information);
 
   // The next start uses the per-user folder without a word.
   wizard_.AddinInstance_OnDisconnection();

@@ -37,18 +37,6 @@ TEST_F(WizardTest, DisconnectingClosesWithoutQuestionsOrSaving) {
   EXPECT_FALSE(fs::exists(session));
 }
 
-TEST_F(WizardTest, FailedStartIsRetriedFromScratchOnReconnection) {
-  launch_ = Launch::Fails;
-  wizard_.AddinInstance_OnConnection(nullptr);
-  EXPECT_EQ(wizard_.Form(), nullptr);
-  EXPECT_FALSE(wizard_.FormDisplayed);
-
-  launch_ = Launch::Starts;
-  Start();
-  EXPECT_EQ(formsMade_, 2);
-  EXPECT_TRUE(wizard_.FormDisplayed);
-}
-
 TEST_F(WizardTest, HideKeepsTheFormAndShowBringsItBack) {
   WizardForm& form = Start();
   wizard_.Hide();

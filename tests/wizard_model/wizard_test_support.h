@@ -19,6 +19,21 @@
 
 namespace wizard::test {
 
+constexpr const char* kTitle = "Zentrix Bravant ExploringObject Wizard";
+
+// Expects exactly one message since the last call, as given; clears it.
+inline void ExpectTold(platform::ScriptedPrompter& prompter, const std::string& text,
+                       platform::MsgIcon icon,
+                       platform::MsgButtons buttons = platform::MsgButtons::OK,
+                       const std::string& title = kTitle) {
+  ASSERT_EQ(prompter.shown.size(), 1u);
+  EXPECT_EQ(prompter.shown[0].text, text);
+  EXPECT_EQ(prompter.shown[0].icon, icon);
+  EXPECT_EQ(prompter.shown[0].buttons, buttons);
+  EXPECT_EQ(prompter.shown[0].title, title);
+  prompter.shown.clear();
+}
+
 // What the view was asked to do; outlives the view, which dies with its form.
 struct ViewLog {
   bool formShown = false;
@@ -27,7 +42,6 @@ struct ViewLog {
   std::string launchCaption;
   std::string launchText;
   std::vector<std::string> focused;
-  int repaints = 0;
   bool viewDestroyed = false;
 };
 
@@ -45,7 +59,7 @@ class RecordingView : public WizardView {
   void HideLaunchNotice() override { log_.launchShown = false; }
   void SetBusy(bool busy) override { log_.busy = busy; }
   void FocusControl(std::string_view control) override { log_.focused.emplace_back(control); }
-  void Repaint() override { ++log_.repaints; }
+  void Repaint() override {}
 
  private:
   ViewLog& log_;
@@ -86,12 +100,10 @@ class WizardTest : public testing::Test {
     return (scratch_.Path() / name).string();
   }
 
-  FormServices Services() {
-    return FormServices{
-        files_,
-        registry_,
-        prompter_,
-        help_,
+  std::unique_ptr<WizardForm> MakeForm() {
+    ++formsMade_;
+    auto form = std::make_unique<WizardForm>(FormServices{
+        files_, registry_, prompter_, help_,
         programFolder_.empty() ? ProgramFolder().string() : programFolder_,
         UserData().string(),
         [this]() -> std::unique_ptr<platform::AnalysisApplication> {
@@ -105,12 +117,7 @@ class WizardTest : public testing::Test {
           formShownWhileGenerating_ = view_.formShown;
           generatedLocation_ = form.State().theLocation;
           return generationSucceeds_;
-        }};
-  }
-
-  std::unique_ptr<WizardForm> MakeForm() {
-    ++formsMade_;
-    auto form = std::make_unique<WizardForm>(Services());
+        }});
     view_ = ViewLog{};
     form->AttachView(std::make_unique<RecordingView>(view_));
     return form;

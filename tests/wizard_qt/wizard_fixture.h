@@ -1,14 +1,19 @@
 #pragma once
 // A wizard connected as main() connects it, with its window offscreen, files in a
-// temporary folder, message boxes answered from a script and generation recorded.
-#include <QCoreApplication>
+// temporary folder, message boxes answered from a script and generation recorded; and
+// the user's ways of driving its lists and dialogs.
+#include <QApplication>
+#include <QDialog>
 #include <QDir>
-#include <QPointer>
-#include <QStackedWidget>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QTemporaryDir>
-#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QtTest>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +23,7 @@
 #include "platform/regfile/registry_files.h"
 #include "platform/vbfiles/vb_files_environment.h"
 #include "vbrt/error.h"
+#include "wizard/generation_runner.h"
 #include "wizard/model/wizard_connection.h"
 #include "wizard/wizard_view.h"
 
@@ -39,21 +45,20 @@ class RecordingHelp : public platform::HelpViewer {
 
 class WizardFixture {
  public:
-  // Generation succeeds or fails as `generationResult` says, unless `generate` is given.
-  explicit WizardFixture(wizard::GenerationRunner generate = {})
-      : services_{fs,
-                  registry,
-                  prompter,
-                  help,
-                  Path("program"),
-                  Path("user"),
+  // Generation is recorded and succeeds or fails as `generationResult` says, or, with
+  // `realGeneration`, runs the generator with its progress window.
+  explicit WizardFixture(bool realGeneration = false)
+      : services_{fs, registry, prompter, help, Path("program"), Path("user"),
                   [] { return std::make_unique<FakeAnalysis>(); },
-                  generate ? std::move(generate) : [this](wizard::WizardForm&) {
+                  [this, realGeneration](wizard::WizardForm& form) {
+                    if (realGeneration)
+                      return wizard::GenerationWithProgressWindow(fs, registry, prompter)(form);
                     ++generations;
                     return generationResult;
                   }},
         addIn([this] { return MakeForm(); }, prompter) {
     QDir().mkpath(QString::fromStdString(Path("program")));
+    QDir::setCurrent(EOW_TEST_DIR "/..");  // the examples' relative paths start there
   }
 
   // Connects the add-in; the window is shown and active afterwards.
@@ -77,7 +82,7 @@ class WizardFixture {
 
   void Click(const char* button) { QTest::mouseClick(Control<QPushButton>(button), Qt::LeftButton); }
 
-  // Types `text` into the empty field and leaves it with Tab, as a user does.
+  // Types `text` into the emptied field and leaves it with Tab, as a user does.
   void TypeAndLeave(const char* field, const std::string& text) {
     auto* edit = Control<QLineEdit>(field);
     edit->setFocus(Qt::MouseFocusReason);
@@ -88,9 +93,9 @@ class WizardFixture {
   }
 
   int Page() const { return window->findChild<QStackedWidget*>()->currentIndex(); }
-
-  // Lets the event loop delete what the wizard closed.
-  static void DeleteLater() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+  void GoToPage(int page) {
+    while (Page() < page) Click("btnNext");
+  }
 
   QTemporaryDir dir;
   platform::PosixFileSystem fs{platform::DriveMap{}};
@@ -116,5 +121,45 @@ class WizardFixture {
  public:
   wizard::Wizard addIn;
 };
+
+// Clicks cell (row, column) of `list`, both counted from 0.
+inline void ClickCell(QTreeWidget& list, int row, int column,
+                      Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  list.scrollToItem(list.topLevelItem(row));
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, modifiers,
+                    list.visualRect(list.model()->index(row, column)).center());
+}
+
+// The texts of every column of row `row`.
+inline QStringList RowTexts(const QTreeWidget& list, int row) {
+  QStringList texts;
+  for (int column = 0; column < list.columnCount(); ++column)
+    texts << list.topLevelItem(row)->text(column);
+  return texts;
+}
+
+inline QLineEdit* Field(QDialog& dialog, const char* name) {
+  return dialog.findChild<QLineEdit*>(name);
+}
+
+// Runs `steps` in the modal dialog that the next action opens; a dialog the steps leave
+// open is cancelled. The flag tells whether the steps ran.
+inline std::shared_ptr<bool> OnNextDialog(std::function<void(QDialog&)> steps, int tries = 400) {
+  auto ran = std::make_shared<bool>(false);
+  auto* poll = new QTimer(qApp);
+  poll->setInterval(5);
+  QObject::connect(poll, &QTimer::timeout, poll, [=]() mutable {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr && --tries > 0) return;
+    poll->stop();
+    poll->deleteLater();
+    if (dialog == nullptr) return;
+    *ran = true;
+    steps(*dialog);
+    if (dialog->isVisible()) dialog->reject();
+  });
+  poll->start();
+  return ran;
+}
 
 }  // namespace wizard_test

@@ -1,31 +1,27 @@
-// Saves a picture of every page of the wizard, of the finish page without a project, and
-// of the progress and start-up windows into the build folder, for a person to look at.
+// Saves a picture of every page of the wizard filled from the heater example, of the
+// cell editors and dialogs of the parameter pages, of the finish page without a project,
+// and of the progress and start-up windows into the build folder, for a person to look at.
+#include <QComboBox>
 #include <QDir>
-#include <QLabel>
 #include <QtTest>
 
 #include "../wizard_fixture.h"
 #include "wizard/launch_notice.h"
 #include "wizard/progress_window.h"
 
+using wizard_test::ClickCell;
+using wizard_test::OnNextDialog;
 using wizard_test::WizardFixture;
-
-// Pages 5 and 6 with a dozen rows each, their editors and dialogs.
-void SaveParameterPageScreenshots();
 
 class PageScreenshots : public QObject {
   Q_OBJECT
 
  private slots:
-  void initTestCase() {
-    QDir::setCurrent(EOW_TEST_DIR "/..");
-    QVERIFY(QDir().mkpath(EOW_SCREENSHOT_DIR));
-  }
+  void initTestCase() { QVERIFY(QDir().mkpath(EOW_SCREENSHOT_DIR)); }
 
-  void everyPage() {
+  void everyPageWithItsEditorsAndDialogs() {
     WizardFixture ui;
     ui.Connect();
-    // The heater example fills every page; its paths are relative to the source tree.
     ui.Click("btnNext");
     ui.prompter.Answer(platform::MsgAnswer::Yes);
     ui.TypeAndLeave("edFile", EOW_EXAMPLES_DIR "/heater/Heater.bvg");
@@ -33,6 +29,8 @@ class PageScreenshots : public QObject {
     for (int page = 0; page < wizard::kPageCount; ++page) {
       QCOMPARE(ui.Page(), page);
       Save(ui.window, QString("page%1.png").arg(page));
+      if (page == 5) SaveInputEditors(ui);
+      if (page == 6) SaveDialog(ui, "btnOutputCustom", "dlgOutput.png");
       ui.Click("btnNext");
     }
   }
@@ -40,11 +38,9 @@ class PageScreenshots : public QObject {
   void finishPageWithoutProject() {
     WizardFixture ui;
     ui.Connect();
-    for (int i = 0; i < 7; ++i) ui.Click("btnNext");
+    ui.GoToPage(7);
     Save(ui.window, "page7-without-project.png");
   }
-
-  void parameterPages() { SaveParameterPageScreenshots(); }
 
   void progressAndLaunchWindows() {
     wizard::ProgressWindow progress;
@@ -64,6 +60,23 @@ class PageScreenshots : public QObject {
   static void Save(QWidget* window, const QString& name) {
     QVERIFY(QTest::qWaitForWindowExposed(window));
     QVERIFY(window->grab().save(QDir(EOW_SCREENSHOT_DIR).filePath(name)));
+  }
+
+  static void SaveDialog(WizardFixture& ui, const char* button, const QString& name) {
+    auto ran = OnNextDialog([name](QDialog& dialog) { Save(&dialog, name); });
+    ui.Click(button);
+    QVERIFY(*ran);
+  }
+
+  static void SaveInputEditors(WizardFixture& ui) {
+    auto* list = ui.Control<QTreeWidget>("lvInput");
+    ClickCell(*list, 1, 1);
+    Save(ui.window, "page5-type-editor.png");
+    QTest::keyClick(ui.Control<QComboBox>("lvCombo"), Qt::Key_Escape);
+    ClickCell(*list, 2, 0);
+    Save(ui.window, "page5-text-editor.png");
+    QTest::keyClick(ui.Control<QLineEdit>("lvEdit"), Qt::Key_Escape);
+    SaveDialog(ui, "btnInputEdit", "dlgInput.png");
   }
 };
 

@@ -58,68 +58,54 @@ class FakeBasicModel : public platform::BasicModel {
   }
 
   int EdgeCount() const override { return Answer("EdgeCount", static_cast<int>(edges.size())); }
-  platform::EdgeGeometry Edge(int edge) const override {
-    return Answer("Edge", edges.at(edge).geometry);
+  platform::EdgeGeometry Edge(int e) const override { return Answer("Edge", edges.at(e).geometry); }
+  std::string EdgeLabel(int e) const override { return Answer("EdgeLabel", edges.at(e).label); }
+  std::optional<int> EdgeLeftBlock(int e) const override {
+    return Answer("EdgeLeftBlock", edges.at(e).left);
   }
-  std::string EdgeLabel(int edge) const override {
-    return Answer("EdgeLabel", edges.at(edge).label);
+  std::optional<int> EdgeRightBlock(int e) const override {
+    return Answer("EdgeRightBlock", edges.at(e).right);
   }
-  std::optional<int> EdgeLeftBlock(int edge) const override {
-    return Answer("EdgeLeftBlock", edges.at(edge).left);
-  }
-  std::optional<int> EdgeRightBlock(int edge) const override {
-    return Answer("EdgeRightBlock", edges.at(edge).right);
-  }
-  long EdgeUserData(int edge) const override {
-    return Answer("EdgeUserData", edges.at(edge).userData);
-  }
-  void SetEdgeUserData(int edge, long value) override {
-    Check("SetEdgeUserData");
-    edges.at(edge).userData = value;
+  long EdgeUserData(int e) const override { return Answer("EdgeUserData", edges.at(e).userData); }
+  void SetEdgeUserData(int e, long value) override {
+    edges.at(e).userData = Answer("SetEdgeUserData", value);
   }
 
   int VertexCount() const override {
     return Answer("VertexCount", static_cast<int>(vertices.size()));
   }
-  platform::Point2 Vertex(int vertex) const override {
-    return Answer("Vertex", vertices.at(vertex).point);
+  platform::Point2 Vertex(int v) const override { return Answer("Vertex", vertices.at(v).point); }
+  std::string VertexLabel(int v) const override {
+    return Answer("VertexLabel", vertices.at(v).label);
   }
-  std::string VertexLabel(int vertex) const override {
-    return Answer("VertexLabel", vertices.at(vertex).label);
-  }
-  bool VertexIsolated(int vertex) const override {
-    return Answer("VertexIsolated", vertices.at(vertex).isolated);
+  bool VertexIsolated(int v) const override {
+    return Answer("VertexIsolated", vertices.at(v).isolated);
   }
 
   int BlockCount() const override { return Answer("BlockCount", static_cast<int>(blocks.size())); }
-  std::string BlockLabel(int block) const override {
-    return Answer("BlockLabel", blocks.at(block).label);
+  std::string BlockLabel(int b) const override { return Answer("BlockLabel", blocks.at(b).label); }
+  int BlockFirstBoundaryEdge(int b) const override {
+    return Answer("BlockFirstBoundaryEdge", blocks.at(b).firstBoundaryEdge);
   }
-  int BlockFirstBoundaryEdge(int block) const override {
-    return Answer("BlockFirstBoundaryEdge", blocks.at(block).firstBoundaryEdge);
+  long BlockUserData(int b) const override {
+    return Answer("BlockUserData", blocks.at(b).userData);
   }
-  long BlockUserData(int block) const override {
-    return Answer("BlockUserData", blocks.at(block).userData);
-  }
-  void SetBlockUserData(int block, long value) override {
-    Check("SetBlockUserData");
-    blocks.at(block).userData = value;
+  void SetBlockUserData(int b, long value) override {
+    blocks.at(b).userData = Answer("SetBlockUserData", value);
   }
 
   void Close() override {
     ++closeCount;
-    Check("Close");
+    Answer("Close", 0);
   }
 
  private:
-  void Check(const char* accessor) const {
+  // `value`, or the application's error when `accessor` is the failing one.
+  template <class T>
+  T Answer(const char* accessor, T value) const {
     if (failingAccessor == accessor) {
       throw vbrt::VbError(1004, std::string("Model cannot answer ") + accessor);
     }
-  }
-  template <class T>
-  T Answer(const char* accessor, T value) const {
-    Check(accessor);
     return value;
   }
 };

@@ -1,7 +1,6 @@
 #pragma once
-// Compares generated lines with a golden file under tests/golden/generator/sections/
-// (or another folder under tests/golden/):
-// one generated line per file line, the file ending with a newline after its last line
+// Compares generated lines with a golden file under tests/golden/ (by default in
+// generator/sections/): one generated line per file line, each file line ended by LF
 // (so a section that ends with two empty lines ends the file with three newlines).
 #include <gtest/gtest.h>
 
@@ -15,54 +14,50 @@
 
 namespace generator::test {
 
-// The lines of the LF text file at `path`, in the form described above.
-inline std::vector<std::string> ReadLfLines(const std::string& path) {
+inline std::string ReadFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
-  if (!in) throw std::runtime_error("cannot open golden file " + path);
+  if (!in) throw std::runtime_error("cannot open " + path);
   std::stringstream text;
   text << in.rdbuf();
+  return text.str();
+}
+
+// The lines of `text`, each ended by `end`; a rest after the last `end` is a line of its own.
+inline std::vector<std::string> SplitLines(const std::string& text, std::string_view end) {
   std::vector<std::string> lines;
-  std::string all = text.str();
-  if (all.empty()) return lines;
-  all.pop_back();  // the newline after the last line
-  size_t start = 0;
-  while (true) {
-    const size_t end = all.find('\n', start);
-    lines.push_back(all.substr(start, end == std::string::npos ? std::string::npos : end - start));
-    if (end == std::string::npos) break;
-    start = end + 1;
+  std::size_t start = 0;
+  for (std::size_t at; (at = text.find(end, start)) != std::string::npos; start = at + end.size()) {
+    lines.push_back(text.substr(start, at - start));
   }
+  if (start < text.size()) lines.push_back(text.substr(start));
   return lines;
 }
 
 inline std::vector<std::string> ReadGoldenLines(std::string_view name,
                                                 std::string_view folder = "generator/sections") {
-  return ReadLfLines(std::string(EOW_TEST_DIR) + "/golden/" + std::string(folder) + "/" +
-                     std::string(name));
+  return SplitLines(ReadFile(std::string(EOW_TEST_DIR) + "/golden/" + std::string(folder) + "/" +
+                             std::string(name)),
+                    "\n");
 }
 
-// Passes when `actual` equals the golden file line by line; otherwise names the first
-// differing line with both texts (blanks made visible by the brackets).
+// Passes when the lines are equal; otherwise names the first difference of `file` with
+// both texts (blanks made visible by the brackets).
+inline ::testing::AssertionResult SameLines(std::string_view file,
+                                            const std::vector<std::string>& expected,
+                                            const std::vector<std::string>& actual) {
+  const auto [e, a] = std::ranges::mismatch(expected, actual);
+  if (e == expected.end() && a == actual.end()) return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure()
+         << file << " line " << e - expected.begin() + 1 << " of " << expected.size()
+         << " expected, " << actual.size() << " generated:\n  expected ["
+         << (e == expected.end() ? "<none>" : *e) << "]\n  actual   ["
+         << (a == actual.end() ? "<none>" : *a) << "]";
+}
+
 inline ::testing::AssertionResult MatchesGolden(const std::vector<std::string>& actual,
                                                 std::string_view name,
                                                 std::string_view folder = "generator/sections") {
-  const std::vector<std::string> expected = ReadGoldenLines(name, folder);
-  const size_t common = std::min(expected.size(), actual.size());
-  for (size_t i = 0; i < common; ++i) {
-    if (expected[i] != actual[i]) {
-      return ::testing::AssertionFailure()
-             << name << " line " << i + 1 << ":\n  expected [" << expected[i]
-             << "]\n  actual   [" << actual[i] << "]";
-    }
-  }
-  if (expected.size() != actual.size()) {
-    const bool missing = actual.size() < expected.size();
-    return ::testing::AssertionFailure()
-           << name << ": " << expected.size() << " lines expected, " << actual.size()
-           << " generated; first " << (missing ? "missing" : "extra") << " line " << common + 1
-           << " [" << (missing ? expected[common] : actual[common]) << "]";
-  }
-  return ::testing::AssertionSuccess();
+  return SameLines(name, ReadGoldenLines(name, folder), actual);
 }
 
 }  // namespace generator::test

@@ -1,5 +1,6 @@
 #pragma once
 // Shared helpers of the generator tests: an emitter that records, and record builders.
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -8,6 +9,7 @@
 
 #include "generator/emitter.h"
 #include "session/form_state.h"
+#include "vbrt/error.h"
 
 namespace generator::test {
 
@@ -16,10 +18,14 @@ class RecordingEmitter : public Emitter {
   std::vector<std::string> classLines;
   std::vector<std::string> moduleLines;
   int progress = 0;
+  std::vector<std::size_t> steps;  // lines written (class and module) when each step came
 
   void AddClassLine(std::string_view text) override { classLines.emplace_back(text); }
   void AddModuleLine(std::string_view text) override { moduleLines.emplace_back(text); }
-  void StepProgress(int step) override { progress += step; }
+  void StepProgress(int step) override {
+    progress += step;
+    steps.push_back(classLines.size() + moduleLines.size());
+  }
 };
 
 // Adds an input row before the "<new>" row.
@@ -40,6 +46,17 @@ inline void AddOutput(session::FormState& form, std::string description, std::st
                       std::optional<int16_t> icon, std::string value) {
   const int row = form.lvOutput.Add(std::move(description), std::move(key), icon);
   form.lvOutput.SetSubItem(row, 1, std::move(value));
+}
+
+// The number of the error that `call` raises, 0 when it raises none.
+template <class Call>
+int VbErrorOf(Call call) {
+  try {
+    call();
+  } catch (const vbrt::VbError& error) {
+    return error.Number();
+  }
+  return 0;
 }
 
 }  // namespace generator::test

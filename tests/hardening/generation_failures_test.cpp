@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -82,24 +81,25 @@ class GenerationFailures : public testing::Test {
   std::vector<std::string> written_;
 };
 
-TEST_F(GenerationFailures, FolderThatRefusesNewFolders) {
-  form_.theLocation = "/sys";
+TEST_F(GenerationFailures, FilesFolderThatCannotBeMadeEndsTheRunAndTouchesNothing) {
+  form_.theLocation = "/sys";  // refuses new folders
   EXPECT_FALSE(Generate(fs_));
-  EXPECT_EQ(LastMessage().icon, MsgIcon::Critical);
   EXPECT_THAT(LastMessage().text, HasSubstr("/sys\\Big_Files"));
   EXPECT_FALSE(fs::exists("/sys/Big_Files"));
-  EXPECT_EQ(environment_.GetVBProjects().Count(), 0);
-}
 
-TEST_F(GenerationFailures, FilesFolderThatIsAFile) {
+  form_.theLocation = scratch_.Path().string();
   const fs::path user = scratch_.Write("Big_Files", "the user's own file");
   const auto before = Listing(scratch_.Path());
   EXPECT_FALSE(Generate(fs_));
-  EXPECT_EQ(LastMessage().icon, MsgIcon::Critical);
   EXPECT_THAT(LastMessage().text, HasSubstr("File already exists"));
   EXPECT_EQ(Listing(scratch_.Path()), before);
   EXPECT_EQ(fs::file_size(user), 19u);
+  ASSERT_EQ(prompter_.shown.size(), 2u);
+  for (const platform::Message& message : prompter_.shown) {
+    EXPECT_EQ(message.icon, MsgIcon::Critical);
+  }
   EXPECT_EQ(environment_.GetVBProjects().Count(), 0);
+  EXPECT_FALSE(progress_.shown);
 }
 
 TEST_F(GenerationFailures, BasicFileThatVanishesBeforeItsCopyIsLeftOut) {

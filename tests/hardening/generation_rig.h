@@ -1,80 +1,22 @@
 #pragma once
-// What a generation needs besides the record, in memory: a registry that holds the host's
-// type library, a progress window that checks its bar like the real one, an analysis
-// application that opens one fixed basic model, and builders of large records and models.
-// Shared by the failure tests, the fuzz targets and the benchmarks.
+// Generations of large records and models, for the failure tests, the fuzz targets and the
+// benchmarks: the generator tests' in-memory doubles, and builders of large records and
+// basic models.
 #include <cmath>
-#include <map>
-#include <memory>
 #include <numbers>
 #include <string>
-#include <string_view>
 
-#include "generator/fake_basic_model.h"
-#include "generator/progress.h"
+#include "generator/generation_doubles.h"
 #include "generator/record_values.h"
 #include "generator/test_support.h"
-#include "platform/analysis_application.h"
-#include "platform/registry.h"
 #include "session/form_state.h"
-#include "vbrt/error.h"
 
 namespace hardening {
 
 using generator::test::FakeBasicModel;
-
-// HKEY_CLASSES_ROOT with the host's messenger class and its type library registered.
-class HostRegistry : public platform::Registry {
- public:
-  platform::RegistryValue QueryRegValue(platform::RegistryRoot, std::string_view key,
-                                        std::string_view value) const override {
-    if (!value.empty()) return std::monostate{};
-    if (key == "ZXBV.Messenger\\Clsid") return std::string(kClassId);
-    if (key == std::string("CLSID\\") + kClassId + "\\TypeLib") {
-      return std::string("{5A1F0C11-3C2B-4E7D-9A51-00AD0EBF0002}");
-    }
-    return std::monostate{};
-  }
-
- private:
-  static constexpr const char* kClassId = "{5A1F0C10-3C2B-4E7D-9A51-00AD0EBF0001}";
-};
-
-// The progress window without a window: the bar refuses values outside its range.
-class QuietProgress : public generator::ProgressSink {
- public:
-  void Load(std::string_view) override {}
-  void Show() override {}
-  void Unload() override {}
-  void Repaint() override {}
-  void SetState(std::string_view) override {}
-  void SetBarVisible(bool) override {}
-  void SetMin(float min) override { min_ = min; }
-  void SetMax(float max) override { max_ = max; }
-  float Value() const override { return value_; }
-  void SetValue(float value) override {
-    if (value < min_ || value > max_) vbrt::Raise(vbrt::kInvalidPropertyValue);
-    value_ = value;
-  }
-
- private:
-  float min_ = 0;
-  float max_ = 100;
-  float value_ = 0;
-};
-
-// Opens a copy of `model` whatever the path.
-class FixedApplication : public platform::AnalysisApplication {
- public:
-  explicit FixedApplication(FakeBasicModel model) : model_(std::move(model)) {}
-  std::string ProductName() const override { return "Zentrix 5.2"; }
-  std::unique_ptr<platform::BasicModel> OpenModel(std::string_view) override {
-    return std::make_unique<FakeBasicModel>(model_);
-  }
-
- private:
-  FakeBasicModel model_;
-};
+using generator::test::FixedApplication;
+using generator::test::HostRegistry;
+using generator::test::QuietProgress;
 
 // A ring of `edges` edges (every tenth an arc) around one labelled block, with labelled
 // vertices every hundredth point and every fiftieth edge labelled.

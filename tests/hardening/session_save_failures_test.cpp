@@ -49,27 +49,21 @@ TEST_F(SessionSaveFailures, FullDeviceFailsWhileWritingAndKeepsFileNumberOneTake
   EXPECT_FALSE(fs::exists(next));
 }
 
-TEST_F(SessionSaveFailures, FolderThatRefusesNewFiles) {
-  const std::string path = "/sys/eowizard-session.bvg";
-  EXPECT_EQ(Save(form_, path), OpenError(path));
-  EXPECT_FALSE(fs::exists(path));
+TEST_F(SessionSaveFailures, PathsThatCannotBeOpenedLeaveEverythingAlone) {
+  const fs::path notes = scratch_.Write("notes.txt", "the user's notes\r\n");
+  const fs::path folder = scratch_.Write("Session.bvg/inside.txt", "kept").parent_path();
+  // A folder that refuses new files, a path below a regular file, and a folder.
+  for (const std::string& path :
+       {std::string("/sys/eowizard-session.bvg"), (notes / "session.bvg").string(),
+        folder.string()}) {
+    SCOPED_TRACE(path);
+    EXPECT_EQ(Save(form_, path), OpenError(path));
+  }
+  EXPECT_FALSE(fs::exists("/sys/eowizard-session.bvg"));
+  EXPECT_EQ(fs::file_size(notes), 18u);
+  EXPECT_EQ(fs::file_size(folder / "inside.txt"), 4u);
   // Nothing stayed open: a save elsewhere still works.
   EXPECT_EQ(Save(form_, (scratch_.Path() / "ok.bvg").string()), "");
-}
-
-TEST_F(SessionSaveFailures, PathBelowARegularFileLeavesThatFileAlone) {
-  const fs::path user = scratch_.Write("notes.txt", "the user's notes\r\n");
-  const std::string path = (user / "session.bvg").string();
-  EXPECT_EQ(Save(form_, path), OpenError(path));
-  EXPECT_EQ(fs::file_size(user), 18u);
-}
-
-TEST_F(SessionSaveFailures, PathThatIsAFolderLeavesTheFolderAlone) {
-  scratch_.Write("Session.bvg/inside.txt", "kept");
-  const std::string path = (scratch_.Path() / "Session.bvg").string();
-  EXPECT_EQ(Save(form_, path), OpenError(path));
-  EXPECT_TRUE(fs::is_directory(path));
-  EXPECT_EQ(fs::file_size(scratch_.Path() / "Session.bvg" / "inside.txt"), 4u);
 }
 
 TEST_F(SessionSaveFailures, DiskFillingUpDuringTheSaveKeepsTheOtherFiles) {

@@ -10,7 +10,7 @@
 #include "fuzz_input_file.h"
 #include "generator/generator.h"
 #include "hardening/generation_rig.h"
-#include "hardening/jail_file_system.h"
+#include "jail_file_system.h"
 #include "platform/prompt/scripted_prompter.h"
 #include "platform/vbfiles/vb_files_environment.h"
 #include "session/session_file.h"

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -5,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "../vbrt/raises.h"
 #include "fake_basic_model.h"
 #include "generator/sections.h"
 #include "golden_lines.h"
@@ -91,25 +93,22 @@ TEST(BuildModelGenerate, FailingApplicationClosesTheModelAndReportsFalse) {
 }
 
 // Faults of the classic runtime end the conversion; the model is closed all the same.
-TEST(BuildModelGenerate, EdgeCounterOverflowsAfter32767Edges) {
-  FakeBasicModel model;
-  model.edges.resize(32768);
+TEST(BuildModelGenerate, CounterOverflowAndQuarterTurnArcAreRuntimeFaults) {
+  FakeBasicModel many;
+  many.edges.resize(32768);
   RecordingEmitter out;
-  EXPECT_EQ(VbErrorOf([&] { WriteBuildModelGenerate(GenerateForm(), model, out); }),
-            vbrt::kOverflow);
+  EXPECT_THAT([&] { WriteBuildModelGenerate(GenerateForm(), many, out); },
+              RaisesError(vbrt::kOverflow));
   EXPECT_EQ(out.classLines.back(),
             "    Shps.AddEdge(ZX.PointXY( 0,  0), ZX.PointXY( 0,  0),  0)"
             ".Item(1).UserData = 32767");
-  EXPECT_EQ(model.closeCount, 1);
-}
+  EXPECT_EQ(many.closeCount, 1);
 
-TEST(BuildModelGenerate, ExactQuarterTurnArcIsADivisionFault) {
-  FakeBasicModel model;
-  model.AddEdge({1, 0}, {0, 1}, {0, 0}, 1.5708);
-  RecordingEmitter out;
-  EXPECT_EQ(VbErrorOf([&] { WriteBuildModelGenerate(GenerateForm(), model, out); }),
-            vbrt::kDivisionByZero);
-  EXPECT_EQ(model.closeCount, 1);
+  FakeBasicModel quarter;
+  quarter.AddEdge({1, 0}, {0, 1}, {0, 0}, 1.5708);
+  EXPECT_THAT([&] { WriteBuildModelGenerate(GenerateForm(), quarter, out); },
+              RaisesError(vbrt::kDivisionByZero));
+  EXPECT_EQ(quarter.closeCount, 1);
 }
 
 }  // namespace

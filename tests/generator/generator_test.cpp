@@ -20,10 +20,9 @@ using platform::MsgIcon;
 class GeneratorTest : public GenerationTest {
  protected:
   GeneratorTest() {
-    fs::create_directories(root_ / "basic");
-    Write("basic/Coil.mod", "model");
-    Write("basic/Coil.dht", "data");
-    Write("basic/sketch.bmp", "BM");
+    scratch_.Write("basic/Coil.mod", "model");
+    scratch_.Write("basic/Coil.dht", "data");
+    scratch_.Write("basic/sketch.bmp", "BM");
     form_.theLocation = "C:\\proj";
     form_.theName = "Coil";
     form_.edLocation = "C:\\proj\\Coil.vbp";
@@ -73,8 +72,8 @@ TEST_F(GeneratorTest, WritesTheProjectAndCopiesTheBasicFiles) {
 }
 
 TEST_F(GeneratorTest, ExistingFilesFolderAnsweredNoTakesTheNextFreeNumberWithABlank) {
-  fs::create_directories(root_ / "proj/Coil_Files 2");
-  fs::create_directories(root_ / "proj/Coil_Files");
+  fs::create_directories(scratch_.Path() / "proj/Coil_Files 2");
+  fs::create_directories(scratch_.Path() / "proj/Coil_Files");
   prompter_.Answer(MsgAnswer::No);
   ASSERT_TRUE(Generate());
   EXPECT_EQ(prompter_.shown[0].text,
@@ -87,7 +86,7 @@ TEST_F(GeneratorTest, ExistingFilesFolderAnsweredNoTakesTheNextFreeNumberWithABl
 }
 
 TEST_F(GeneratorTest, ExistingFilesFolderAnsweredYesOrCancel) {
-  fs::create_directories(root_ / "proj/Coil_Files");
+  fs::create_directories(scratch_.Path() / "proj/Coil_Files");
   prompter_.Answer(MsgAnswer::Cancel);
   EXPECT_FALSE(Generate());
   EXPECT_EQ(prompter_.shown.size(), 1u);
@@ -113,7 +112,7 @@ class GeneratorOverwriteTest : public GeneratorTest,
 
 TEST_P(GeneratorOverwriteTest, TheAnswerDecides) {
   const OverwriteCase& c = GetParam();
-  for (const std::string& file : c.existing) Write("proj/" + file, "old");
+  for (const std::string& file : c.existing) scratch_.Write("proj/" + file, "old");
   prompter_.Answer(c.answer);
   EXPECT_EQ(Generate(), !c.project.empty());
   EXPECT_EQ(prompter_.shown[0].text,
@@ -146,7 +145,7 @@ TEST_F(GeneratorTest, MissingHostLibraryLeavesNothingBehind) {
                               "ZXBV.Messenger\\Clsid"}) {
     SCOPED_TRACE(missing);
     ASSERT_EQ(registry_.defaults.erase(missing), 1u);
-    fs::remove_all(root_ / "proj/Coil_Files");  // made before the library is looked for
+    fs::remove_all(scratch_.Path() / "proj/Coil_Files");  // made before the library is looked for
     EXPECT_FALSE(Generate());
     EXPECT_EQ(LastMessage().text, "Error: ZXBV library not found.");
     EXPECT_EQ(LastMessage().icon, MsgIcon::Critical);
@@ -155,15 +154,14 @@ TEST_F(GeneratorTest, MissingHostLibraryLeavesNothingBehind) {
 }
 
 TEST_F(GeneratorTest, CopiesOnlyWhatIsLinkedExistsAndIsNotAlreadyInPlace) {
-  fs::create_directories(root_ / "proj/Coil_Files");
   prompter_.Answer(MsgAnswer::Yes);  // use the existing files folder
-  Write("proj/Coil_Files/Coil_Basic.mod", "the copy itself");
+  scratch_.Write("proj/Coil_Files/Coil_Basic.mod", "the copy itself");
   form_.edModel = "C:\\proj\\Coil_Files\\Coil_Basic.mod";
   form_.SelectDataCase(true);  // data converted into code: not copied
   form_.edSketch = "C:\\nowhere\\sketch.bmp";
   ASSERT_TRUE(Generate());
   EXPECT_EQ(Read("proj/Coil_Files/Coil_Basic.mod"), "the copy itself");
-  EXPECT_EQ(std::distance(fs::directory_iterator(root_ / "proj/Coil_Files"), {}), 1);
+  EXPECT_EQ(std::distance(fs::directory_iterator(scratch_.Path() / "proj/Coil_Files"), {}), 1);
 }
 
 TEST_F(GeneratorTest, NonNumericGeometricalMinimumRemovesTheProjectAndItsFiles) {

@@ -5,22 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace generator::test {
+#include "../platform/scratch_folder.h"
 
-inline std::string ReadFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) throw std::runtime_error("cannot open " + path);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
+namespace generator::test {
 
 // The lines of `text`, each ended by `end`; a rest after the last `end` is a line of its own.
 inline std::vector<std::string> SplitLines(const std::string& text, std::string_view end) {
@@ -35,8 +26,8 @@ inline std::vector<std::string> SplitLines(const std::string& text, std::string_
 
 inline std::vector<std::string> ReadGoldenLines(std::string_view name,
                                                 std::string_view folder = "generator/sections") {
-  return SplitLines(ReadFile(std::string(EOW_TEST_DIR) + "/golden/" + std::string(folder) + "/" +
-                             std::string(name)),
+  return SplitLines(ReadBytes(std::string(EOW_TEST_DIR) + "/golden/" + std::string(folder) + "/" +
+                              std::string(name)),
                     "\n");
 }
 

@@ -83,7 +83,7 @@ TEST_F(ProjectGoldenTest, SynchronousWithoutDataInputsOrOutputs) {
 }
 
 TEST_F(ProjectGoldenTest, ModelConvertedIntoCodeInANumberedFilesFolder) {
-  fs::create_directories(root_ / "proj/Coil_Files");
+  fs::create_directories(scratch_.Path() / "proj/Coil_Files");
   prompter_.Answer(platform::MsgAnswer::No);
   session::FormState form = Record("Coil");
   form.SelectModelCase(true);

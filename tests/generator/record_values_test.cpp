@@ -1,13 +1,13 @@
 #include "generator/record_values.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "../vbrt/raises.h"
 #include "session/form_state.h"
-#include "test_support.h"
-#include "vbrt/error.h"
 
 namespace generator::test {
 namespace {
@@ -44,11 +44,11 @@ TEST(RecordValues, ProblemTypeTextsByPositionWithStressAndCurrentCrossed) {
 TEST(RecordValues, MissingTextAndSixteenBitOverflowAreErrors) {
   session::FormState form;
   form.cmbType.listIndex = 9;  // one past the last problem type
-  EXPECT_EQ(VbErrorOf([&] { DataExtension(form); }), vbrt::kResourceNotFound);
+  EXPECT_THAT([&] { DataExtension(form); }, RaisesError(vbrt::kResourceNotFound));
   form.cmbType.listIndex = -1;
-  EXPECT_EQ(VbErrorOf([&] { ProblemTypeId(form); }), vbrt::kResourceNotFound);
+  EXPECT_THAT([&] { ProblemTypeId(form); }, RaisesError(vbrt::kResourceNotFound));
   form.cmbType.listIndex = 32767 - 12040 + 1;
-  EXPECT_EQ(VbErrorOf([&] { FieldPointSuffix(form); }), vbrt::kOverflow);
+  EXPECT_THAT([&] { FieldPointSuffix(form); }, RaisesError(vbrt::kOverflow));
 }
 
 TEST(RecordValues, SketchExtensionIsNeverTakenFromTheFolder) {

@@ -1,6 +1,7 @@
 // The section writers, each compared with its golden text for a record that reaches the
 // branches the whole-project goldens do not. The sections that do not depend on the record
 // are checked as part of those.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -8,10 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "../vbrt/raises.h"
 #include "generator/sections.h"
 #include "golden_lines.h"
 #include "test_support.h"
-#include "vbrt/error.h"
 #include "vbrt/numbers.h"
 
 namespace generator::test {
@@ -176,7 +177,7 @@ TEST(Sections, NonNumericMinimumFailsOnlyOnAGeometricalRow) {
 
   FormState geometrical = MotorRecord();
   AddInput(geometrical, "Gap", "Geometrical", "g", "mm", "abc");
-  EXPECT_EQ(VbErrorOf([&] { MinLinesOf(geometrical); }), vbrt::kTypeMismatch);
+  EXPECT_THAT([&] { MinLinesOf(geometrical); }, RaisesError(vbrt::kTypeMismatch));
 }
 
 TEST(Sections, MinimaAreReadWithTheUserDecimalSeparator) {

@@ -9,7 +9,6 @@
 
 #include "generator/emitter.h"
 #include "session/form_state.h"
-#include "vbrt/error.h"
 
 namespace generator::test {
 
@@ -46,17 +45,6 @@ inline void AddOutput(session::FormState& form, std::string description, std::st
                       std::optional<int16_t> icon, std::string value) {
   const int row = form.lvOutput.Add(std::move(description), std::move(key), icon);
   form.lvOutput.SetSubItem(row, 1, std::move(value));
-}
-
-// The number of the error that `call` raises, 0 when it raises none.
-template <class Call>
-int VbErrorOf(Call call) {
-  try {
-    call();
-  } catch (const vbrt::VbError& error) {
-    return error.Number();
-  }
-  return 0;
 }
 
 }  // namespace generator::test

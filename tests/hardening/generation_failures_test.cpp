@@ -8,13 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "../platform/scratch_folder.h"
 #include "file_size_limit.h"
-#include "generator/generator.h"
+#include "generator/generation_fixture.h"
 #include "hardening/generation_rig.h"
-#include "platform/posix/posix_file_system.h"
-#include "platform/prompt/scripted_prompter.h"
-#include "platform/vbfiles/vb_files_environment.h"
 
 namespace hardening {
 namespace {
@@ -49,7 +45,7 @@ std::vector<std::string> Listing(const fs::path& folder) {
   return names;
 }
 
-class GenerationFailures : public testing::Test {
+class GenerationFailures : public generator::test::GenerationTest {
  protected:
   GenerationFailures() {
     form_.theLocation = scratch_.Path().string();
@@ -60,37 +56,25 @@ class GenerationFailures : public testing::Test {
     form_.edData = scratch_.Write("big.dms", "data").string();
   }
 
-  bool Generate(platform::FileSystem& files) {
-    generator::Generator generator(environment_, &application_, files, registry_, prompter_,
-                                   progress_);
-    const bool generated = generator.Generate(form_);
-    written_ = generator.WrittenFiles();
-    return generated;
+  bool Generate(platform::FileSystem* files = nullptr) {
+    return GenerationTest::Generate(form_, &application_, files);
   }
-
   const platform::Message& LastMessage() const { return prompter_.shown.back(); }
 
-  ScratchFolder scratch_;
-  platform::PosixFileSystem fs_{platform::DriveMap{}};
-  HostRegistry registry_;
-  platform::VbFilesEnvironment environment_{fs_, registry_};
   FixedApplication application_{RingModel(8)};
-  platform::ScriptedPrompter prompter_;
-  QuietProgress progress_;
   session::FormState form_ = LargeRecord(20, 4);
-  std::vector<std::string> written_;
 };
 
 TEST_F(GenerationFailures, FilesFolderThatCannotBeMadeEndsTheRunAndTouchesNothing) {
   form_.theLocation = "/sys";  // refuses new folders
-  EXPECT_FALSE(Generate(fs_));
+  EXPECT_FALSE(Generate());
   EXPECT_THAT(LastMessage().text, HasSubstr("/sys\\Big_Files"));
   EXPECT_FALSE(fs::exists("/sys/Big_Files"));
 
   form_.theLocation = scratch_.Path().string();
   const fs::path user = scratch_.Write("Big_Files", "the user's own file");
   const auto before = Listing(scratch_.Path());
-  EXPECT_FALSE(Generate(fs_));
+  EXPECT_FALSE(Generate());
   EXPECT_THAT(LastMessage().text, HasSubstr("File already exists"));
   EXPECT_EQ(Listing(scratch_.Path()), before);
   EXPECT_EQ(fs::file_size(user), 19u);
@@ -104,7 +88,7 @@ TEST_F(GenerationFailures, FilesFolderThatCannotBeMadeEndsTheRunAndTouchesNothin
 
 TEST_F(GenerationFailures, BasicFileThatVanishesBeforeItsCopyIsLeftOut) {
   VanishingFileSystem vanishing(form_.edModel);
-  EXPECT_TRUE(Generate(vanishing));
+  EXPECT_TRUE(Generate(&vanishing));
   EXPECT_EQ(LastMessage().text, "Your ExploringObject project was succesfully created.");
   const fs::path folder = scratch_.Path() / "Big_Files";
   EXPECT_FALSE(fs::exists(folder / "Big_Basic.mod"));
@@ -121,7 +105,7 @@ TEST_F(GenerationFailures, DiskFillingUpWhileTheProjectIsSavedKeepsTheEarlierPro
   {
     // Room for the first, empty save of the project, not for the class's text.
     const FileSizeLimit limit(16 * 1024);
-    EXPECT_FALSE(Generate(fs_));
+    EXPECT_FALSE(Generate());
   }
   EXPECT_EQ(LastMessage().icon, MsgIcon::Critical);
   EXPECT_THAT(LastMessage().text, HasSubstr("Saving the project failed"));

@@ -39,7 +39,6 @@ TEST(ConsolePrompter, PrintsTitleIconAndTextAndNeedsNoAnswerForOk) {
 
 TEST(ConsolePrompter, PolicyAnswersQuestions) {
   EXPECT_EQ(Console(false, MsgAnswer::Yes).prompter.Show(kLoad), MsgAnswer::Yes);
-  EXPECT_EQ(Console(false, MsgAnswer::No).prompter.Show(kLoad), MsgAnswer::No);
   EXPECT_EQ(Console(false, MsgAnswer::Cancel).prompter.Show(kLoad), MsgAnswer::Cancel);
   EXPECT_EQ(Console(false, MsgAnswer::Cancel).prompter.Show(kCreate), MsgAnswer::No);
   EXPECT_EQ(Console(false, MsgAnswer::Yes).prompter.Show(kCreate), MsgAnswer::Yes);

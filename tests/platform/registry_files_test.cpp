@@ -147,7 +147,6 @@ TEST_F(RegistryFilesTest, LaterFilesDeleteAndReplace) {
 TEST_F(RegistryFilesTest, RejectsGarbageNamingFileAndLineAndKeepsWhatItHad) {
   registry_.AddFile(scratch_.Write("good.reg", ExportFile("REGEDIT4")));
   const std::pair<std::string, std::string> bad[] = {
-      {"", "line 1"},
       {"\xFF\xFE\x00", "line 1"},
       {"hello world\n", "line 1"},
       {"REGEDIT4\n\"Orphan\"=\"x\"\n", "line 2"},

@@ -8,13 +8,9 @@
 #include <memory>
 #include <string>
 
-#include "../platform/scratch_folder.h"
-#include "generator/generator.h"
+#include "generator/generation_fixture.h"
 #include "hardening/generation_rig.h"
 #include "platform/gmsh/gmsh_application.h"
-#include "platform/posix/posix_file_system.h"
-#include "platform/prompt/scripted_prompter.h"
-#include "platform/vbfiles/vb_files_environment.h"
 
 namespace platform::gmsh_io {
 namespace {
@@ -27,7 +23,7 @@ std::string ModelPath(const std::string& name) {
   return std::string(EOW_TEST_DIR) + "/platform_gmsh/models/" + name;
 }
 
-class GmshGenerationFailures : public testing::Test {
+class GmshGenerationFailures : public generator::test::GenerationTest {
  protected:
   GmshGenerationFailures() {
     form_.theLocation = scratch_.Path().string();
@@ -37,11 +33,8 @@ class GmshGenerationFailures : public testing::Test {
   // Generates with `model` as the basic model converted into code.
   bool Generate(const std::string& model) {
     form_.edModel = model;
-    generator::Generator generator(environment_, application_.get(), fs_, registry_, prompter_,
-                                   progress_);
-    return generator.Generate(form_);
+    return GenerationTest::Generate(form_, application_.get());
   }
-
   std::string LastMessage() const { return prompter_.shown.back().text; }
 
   // What every failed run must leave: a critical message and no project anywhere.
@@ -64,13 +57,7 @@ class GmshGenerationFailures : public testing::Test {
     ExpectNothingGenerated();
   }
 
-  ScratchFolder scratch_;
-  PosixFileSystem fs_{DriveMap{}};
-  hardening::HostRegistry registry_;
-  VbFilesEnvironment environment_{fs_, registry_};
   std::unique_ptr<AnalysisApplication> application_ = CreateGmshApplication();
-  ScriptedPrompter prompter_;
-  hardening::QuietProgress progress_;
   session::FormState form_ = hardening::LargeRecord(2, 1);
 };
 
@@ -114,25 +101,6 @@ TEST_F(GmshGenerationFailures, SurfaceWithAnOpenLoop) {
                                        "Physical Surface(\"Iron\") = {1};\n")
                                 .string();
   ExpectCannotOpen(model, "the boundary of surface 1 does not close");
-}
-
-// Edges are counted in a 16-bit counter: the 32,768th edge overflows it while the class
-// is being written.
-TEST_F(GmshGenerationFailures, MoreEdgesThanTheCounterHolds) {
-  std::string lines;
-  constexpr int kCurves = 32768;
-  for (int i = 1; i <= kCurves + 1; ++i) {
-    lines += "Point(" + std::to_string(i) + ") = {" + std::to_string(i) + ", 0, 0};\n";
-  }
-  for (int i = 1; i <= kCurves; ++i) {
-    lines += "Line(" + std::to_string(i) + ") = {" + std::to_string(i) + ", " +
-             std::to_string(i + 1) + "};\n";
-  }
-  const std::string model = scratch_.Write("many.geo", lines).string();
-
-  EXPECT_FALSE(Generate(model));
-  EXPECT_EQ(LastMessage(), "Error: Generating the code of project 'Big' failed: Overflow (error 6)");
-  ExpectNothingGenerated();
 }
 
 }  // namespace

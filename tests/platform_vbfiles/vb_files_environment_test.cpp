@@ -2,16 +2,15 @@
 // whole generations are compared byte for byte in tests/generator/project_golden_test.cpp.
 #include "platform/vbfiles/vb_files_environment.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "../platform/scratch_folder.h"
+#include "../vbrt/raises.h"
+#include "platform/posix/posix_file_system.h"
 #include "platform/vbfiles/code_lines.h"
-#include "vbrt/error.h"
 
 namespace platform {
 namespace {
@@ -76,39 +75,23 @@ class NoRegistry : public Registry {
   }
 };
 
-// Paths "C:\..." are files under a scratch folder; nothing else is needed here.
-class FolderFileSystem : public FileSystem {
- public:
-  explicit FolderFileSystem(fs::path root) : root_(std::move(root)) {}
-  fs::path ToNative(std::string_view path) const override {
-    std::string relative(path.substr(3));
-    std::replace(relative.begin(), relative.end(), '\\', '/');
-    return root_ / relative;
-  }
-  bool FolderExists(std::string_view path) const override { return fs::is_directory(ToNative(path)); }
-  bool FileExists(std::string_view path) const override { return fs::is_regular_file(ToNative(path)); }
-  std::string AbsolutePath(std::string_view path) const override { return std::string(path); }
-  void CreateFolder(std::string_view path) override { fs::create_directory(ToNative(path)); }
-  void CopyFile(std::string_view, std::string_view) override {}
-  void DeleteFile(std::string_view path) override { fs::remove(ToNative(path)); }
-
- private:
-  fs::path root_;
-};
-
 class VbFilesEnvironmentTest : public ::testing::Test {
  protected:
   VbFilesEnvironmentTest() { fs::create_directories(scratch_.Path() / "p" / "other"); }
 
   std::string Read(const std::string& relative) const {
-    std::ifstream in(scratch_.Path() / relative, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+    return ReadBytes(scratch_.Path() / relative);
   }
   VBProject& NewProject() { return environment_.GetVBProjects().Add(ProjectType::ActiveXDll, true); }
+  static DriveMap DriveC(const fs::path& root) {
+    DriveMap drives;
+    drives.Set('C', root);
+    return drives;
+  }
 
   ScratchFolder scratch_;
   NoRegistry registry_;
-  FolderFileSystem files_{scratch_.Path()};
+  PosixFileSystem files_{DriveC(scratch_.Path())};
   VbFilesEnvironment environment_{files_, registry_};
 };
 
@@ -155,22 +138,13 @@ TEST_F(VbFilesEnvironmentTest, FailuresAndRemoval) {
   VBProjects& projects = environment_.GetVBProjects();
   VBProject& project = NewProject();
   EXPECT_THROW(project.GetVBComponents().Item("Class2"), vbrt::VbError);
-  try {
-    project.SaveAs("C:\\p\\missing\\Coil.vbp");
-    FAIL() << "saving into a missing folder must fail";
-  } catch (const vbrt::VbError& e) {
-    EXPECT_EQ(e.Number(), vbrt::kPathNotFound);
-  }
+  EXPECT_THAT([&] { project.SaveAs("C:\\p\\missing\\Coil.vbp"); },
+              RaisesError(vbrt::kPathNotFound));
   EXPECT_TRUE(fs::is_empty(scratch_.Path() / "p" / "other"));
 
   environment_.FailOperation("CodeModule.InsertLines", 440, "Automation error");
-  try {
-    project.GetVBComponents().Item("Class1").GetCodeModule().InsertLines(1, "x");
-    FAIL() << "the injected failure must be raised";
-  } catch (const vbrt::VbError& e) {
-    EXPECT_EQ(e.Number(), 440);
-    EXPECT_EQ(e.Description(), "Automation error");
-  }
+  CodeModule& code = project.GetVBComponents().Item("Class1").GetCodeModule();
+  EXPECT_THAT([&] { code.InsertLines(1, "x"); }, RaisesError(440, "Automation error"));
   EXPECT_EQ(projects.Count(), 1);
   projects.Remove(project);
   EXPECT_EQ(projects.Count(), 0);

@@ -1,30 +1,22 @@
 #include "session/list_view.h"
 
-#include <string>
-
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "vbrt/error.h"
+#include <string>
+
+#include "../vbrt/raises.h"
 
 namespace session {
 namespace {
-
-int ErrorOf(auto&& action) {
-  try {
-    action();
-  } catch (const vbrt::VbError& e) {
-    return e.Number();
-  }
-  return 0;
-}
 
 TEST(ListViewTest, KeysAreUniqueButEmptyKeysRepeat) {
   ListView list(2);
   list.Add("a", "K");
   list.Add("b");
   list.Add("c");
-  EXPECT_EQ(ErrorOf([&] { list.Add("d", "K"); }), vbrt::kKeyNotUnique);
-  EXPECT_EQ(ErrorOf([&] { list.SetKey(1, "K"); }), vbrt::kKeyNotUnique);
+  EXPECT_THAT([&] { list.Add("d", "K"); }, RaisesError(vbrt::kKeyNotUnique));
+  EXPECT_THAT([&] { list.SetKey(1, "K"); }, RaisesError(vbrt::kKeyNotUnique));
   EXPECT_EQ(list.Count(), 3);
   list.SetKey(0, "K");  // a row keeps its own key
   list.SetKey(0, "L");  // and gives the old one free
@@ -35,7 +27,7 @@ TEST(ListViewTest, KeysAreUniqueButEmptyKeysRepeat) {
   list.RemoveByKey("L");
   EXPECT_EQ(list.FindKey("K"), 0);
   list.Add("e", "L");  // a removed row's key is free again
-  EXPECT_EQ(ErrorOf([&] { list.RemoveByKey("none"); }), vbrt::kSubscriptOutOfRange);
+  EXPECT_THAT([&] { list.RemoveByKey("none"); }, RaisesError(vbrt::kSubscriptOutOfRange));
   list.Clear();
   list.Add("f", "K");
   EXPECT_EQ(list.Count(), 1);
@@ -46,17 +38,17 @@ TEST(ListViewTest, PositionsAndSubItemsAreRangeChecked) {
   list.Add("last");
   EXPECT_EQ(list.Add("first", "", std::nullopt, 0), 0);
   EXPECT_EQ(list.Item(1).text, "last");
-  EXPECT_EQ(ErrorOf([&] { list.Add("x", "", std::nullopt, 5); }), vbrt::kSubscriptOutOfRange);
-  EXPECT_EQ(ErrorOf([&] { list.Item(2); }), vbrt::kSubscriptOutOfRange);
-  EXPECT_EQ(ErrorOf([&] { list.SetText(-1, "x"); }), vbrt::kSubscriptOutOfRange);
+  EXPECT_THAT([&] { list.Add("x", "", std::nullopt, 5); }, RaisesError(vbrt::kSubscriptOutOfRange));
+  EXPECT_THAT([&] { list.Item(2); }, RaisesError(vbrt::kSubscriptOutOfRange));
+  EXPECT_THAT([&] { list.SetText(-1, "x"); }, RaisesError(vbrt::kSubscriptOutOfRange));
 
   EXPECT_EQ(list.SubItem(0, 6), "");  // never set
   list.SetSubItem(0, 6, "9");
   EXPECT_EQ(list.SubItem(0, 6), "9");
   EXPECT_EQ(list.SubItem(0, 1), "");
-  EXPECT_EQ(ErrorOf([&] { list.SetSubItem(0, 7, "x"); }), vbrt::kInvalidPropertyValue);
-  EXPECT_EQ(ErrorOf([&] { list.SetSubItem(0, 0, "x"); }), vbrt::kInvalidPropertyValue);
-  EXPECT_EQ(ErrorOf([&] { list.SubItem(0, 7); }), vbrt::kInvalidPropertyValue);
+  EXPECT_THAT([&] { list.SetSubItem(0, 7, "x"); }, RaisesError(vbrt::kInvalidPropertyValue));
+  EXPECT_THAT([&] { list.SetSubItem(0, 0, "x"); }, RaisesError(vbrt::kInvalidPropertyValue));
+  EXPECT_THAT([&] { list.SubItem(0, 7); }, RaisesError(vbrt::kInvalidPropertyValue));
 }
 
 TEST(ListViewTest, FirstSelectedIsNoneUntilARowIsSelected) {

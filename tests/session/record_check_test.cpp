@@ -7,13 +7,7 @@
 namespace session::test {
 namespace {
 
-void AddInput(FormState& form, std::string description, std::vector<std::string> subItems) {
-  const int row = form.lvInput.Add(std::move(description), "", std::nullopt,
-                                   form.lvInput.Count() - 1);
-  for (std::size_t i = 0; i < subItems.size(); ++i) {
-    form.lvInput.SetSubItem(row, static_cast<int>(i) + 1, subItems[i]);
-  }
-}
+using generator::test::AddInput;
 
 TEST(RecordCheckTest, TheExampleIsFitForGeneration) {
   FormState form;
@@ -36,9 +30,9 @@ TEST(RecordCheckTest, GeneralFields) {
 TEST(RecordCheckTest, InputRowsAreNamedWithTheirProblems) {
   FormState form;
   FillCoil(form);
-  AddInput(form, "Coil radius", {"Geometric", "9x", "", "a", "1", "1"});
-  AddInput(form, "12", {"Physical", "R", "m\xE2\x80\xA8m", "5", "1", "3"});
-  AddInput(form, "Turns", {"Physical", "", "", "0", "10", "11"});
+  AddInput(form, "Coil radius", "Geometric", "9x", "", "a", "1", "1");
+  AddInput(form, "12", "Physical", "R", "m\xE2\x80\xA8m", "5", "1", "3");
+  AddInput(form, "Turns", "Physical", "", "", "0", "10", "11");
   const std::vector<std::string> expected = {
       "Input 2 \"Coil radius\": the description is not unique",
       "Input 2 \"Coil radius\": unknown parameter type \"Geometric\"",

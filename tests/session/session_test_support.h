@@ -1,15 +1,12 @@
 #pragma once
-// Shared helpers of the session tests: whole-file bytes, CR LF lines, the example record,
+// Shared helpers of the session tests: CR LF lines, golden bytes, the example record,
 // and a fixture with its own scratch folder, file table and file system (no drive letters).
-#include <cstdint>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <optional>
 #include <string>
 
 #include <gtest/gtest.h>
 
+#include "../generator/test_support.h"
 #include "../platform/scratch_folder.h"
 #include "platform/posix/posix_file_system.h"
 #include "session/form_state.h"
@@ -17,11 +14,6 @@
 #include "vbrt/file_table.h"
 
 namespace session::test {
-
-inline std::string ReadBytes(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 // Joins the lines, each ended by CR LF.
 inline std::string CrLf(std::initializer_list<std::string_view> lines) {
@@ -66,11 +58,9 @@ inline void FillCoil(FormState& form) {
   form.SelectModelCase(true);
   form.SetText(TextField::Data, "C:\\Models\\Coil\\coil.dms");
   form.SelectDataCase(false);
-  const int row = form.lvInput.Add("Coil radius", "", std::nullopt, form.lvInput.Count() - 1);
-  const char* values[] = {"Geometrical", "R", "mm", "1", "20", "5"};
-  for (int i = 0; i < 6; ++i) form.lvInput.SetSubItem(row, i + 1, values[i]);
-  const int out = form.lvOutput.Add("Magnetic flux", "Flux", int16_t{2});
-  form.lvOutput.SetSubItem(out, 1, "Res.GetIntegral(zxFluxLinkage, Cnt).Abs");
+  generator::test::AddInput(form, "Coil radius", "Geometrical", "R", "mm", "1", "20", "5");
+  generator::test::AddOutput(form, "Magnetic flux", "Flux", 2,
+                             "Res.GetIntegral(zxFluxLinkage, Cnt).Abs");
 }
 
 }  // namespace session::test

@@ -18,9 +18,7 @@ std::string DescriptionOf(int number) {
 TEST(Raise, StandardDescriptions) {
   EXPECT_EQ(DescriptionOf(vbrt::kOverflow), "Overflow");
   EXPECT_EQ(DescriptionOf(vbrt::kTypeMismatch), "Type mismatch");
-  EXPECT_EQ(DescriptionOf(vbrt::kFileAlreadyOpen), "File already open");
   EXPECT_EQ(DescriptionOf(vbrt::kPathFileAccessError), "Path/File access error");
-  EXPECT_EQ(DescriptionOf(vbrt::kKeyNotUnique), "Key is not unique in collection");
   EXPECT_EQ(DescriptionOf(12345), "Application-defined or object-defined error");
 }
 

@@ -2,37 +2,17 @@
 
 #include <clocale>
 #include <cstdlib>
-#include <optional>
-#include <string>
 
 #include "vbrt/numbers.h"
 
 namespace {
 
-// Sets an environment variable for the lifetime of the object.
-class ScopedEnv {
- public:
-  ScopedEnv(const char* name, const char* value) : name_(name) {
-    if (const char* old = std::getenv(name)) old_ = old;
-    setenv(name, value, 1);
-  }
-  ~ScopedEnv() {
-    if (old_) setenv(name_, old_->c_str(), 1);
-    else unsetenv(name_);
-  }
-
- private:
-  const char* name_;
-  std::optional<std::string> old_;
-};
-
 TEST(CaptureUserNumberFormat, ReadsADecimalCommaLocaleAndRestoresTheProcessLocale) {
-  ScopedEnv all("LC_ALL", "de_DE.UTF-8");
-  ScopedEnv numeric("LC_NUMERIC", "de_DE.UTF-8");
   if (!std::setlocale(LC_NUMERIC, "de_DE.UTF-8")) GTEST_SKIP() << "de_DE.UTF-8 not installed";
   std::setlocale(LC_NUMERIC, "C");
-
+  setenv("LC_ALL", "de_DE.UTF-8", 1);
   const vbrt::NumberFormat format = vbrt::CaptureUserNumberFormat();
+  unsetenv("LC_ALL");
   EXPECT_EQ(format.decimal, ",");
   EXPECT_EQ(format.group, ".");
   EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
@@ -44,8 +24,9 @@ TEST(CaptureUserNumberFormat, ReadsADecimalCommaLocaleAndRestoresTheProcessLocal
 }
 
 TEST(CaptureUserNumberFormat, TheCLocaleStillHasAGroupSeparator) {
-  ScopedEnv all("LC_ALL", "C");
+  setenv("LC_ALL", "C", 1);
   const vbrt::NumberFormat format = vbrt::CaptureUserNumberFormat();
+  unsetenv("LC_ALL");
   EXPECT_EQ(format.decimal, ".");
   EXPECT_EQ(format.group, ",");
 }

@@ -125,14 +125,6 @@ TEST_F(OutputPageTest, AQuantityAddedTwiceIsRefusedWithTheListsError) {
   AddStandard({"i1900", "i3", "p0"});
   ExpectTold("Key is not unique in collection");
   EXPECT_EQ(Outputs(), before);
-
-  // Once the first is removed it can be added again.
-  Select(0);
-  prompter_.Answer(MsgAnswer::Yes);
-  page_.RemoveClicked();
-  prompter_.shown.clear();
-  AddStandard({"i3"});
-  EXPECT_EQ(Outputs(), before);
 }
 
 TEST_F(OutputPageTest, SwitchingProblemTypeDropsAndRenamesStandardRows) {

@@ -11,18 +11,8 @@ namespace fs = std::filesystem;
 
 TEST(SessionFolder, JoinsInTheFolderPathsOwnForm) {
   EXPECT_EQ(JoinPath("C:\\Tools\\Wizard", "WizardSessions"), "C:\\Tools\\Wizard\\WizardSessions");
-  EXPECT_EQ(JoinPath("/opt/eow/bin", "WizardSessions"), "/opt/eow/bin/WizardSessions");
   EXPECT_EQ(JoinPath("/opt/eow/bin/", "x.bvg"), "/opt/eow/bin/x.bvg");
   EXPECT_EQ(JoinPath("C:\\", "x.bvg"), "C:\\x.bvg");
-}
-
-TEST_F(WizardTest, StartUpProposesTheFirstFreeSessionBesideTheProgram) {
-  for (const char* name : {"Generation1.bvg", "Generation2.bvg", "Generation5.bvg"}) {
-    scratch_.Write("bin/WizardSessions/" + std::string(name), "");
-  }
-  EXPECT_EQ(Start().State().edFile,
-            (ProgramFolder() / "WizardSessions" / "Generation3.bvg").string());
-  EXPECT_EQ(DefaultSessionFile(files_, InScratch("none")), InScratch("none/Generation1.bvg"));
 }
 
 TEST_F(WizardTest, UnwritableProgramFolderMovesTheSessionsToTheUsersFolderOnce) {
@@ -35,7 +25,6 @@ TEST_F(WizardTest, UnwritableProgramFolderMovesTheSessionsToTheUsersFolderOnce) 
   wizard_.AddinInstance_OnConnection(nullptr);
   ASSERT_NE(wizard_.Form(), nullptr);
   EXPECT_TRUE(fs::is_directory(perUser));
-  EXPECT_EQ(wizard_.Form()->SessionsFolder(), perUser.string());
   EXPECT_EQ(wizard_.Form()->State().edFile, (perUser / "Generation1.bvg").string());
   ExpectTold(prompter_,
              "Wizard sessions cannot be kept in '" + programFolder_ +

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "session/session_file.h"
+#include "wizard/model/session_folder.h"
 #include "wizard_test_support.h"
 
 namespace wizard::test {
@@ -32,12 +33,13 @@ std::vector<std::string> Names(const std::vector<TabStop>& stops) {
   return names;
 }
 
-TEST_F(WizardTest, StartUpProposesTheFirstSessionAndShowsPageZero) {
+TEST_F(WizardTest, StartUpProposesTheFirstFreeSessionAndShowsPageZero) {
+  for (const char* name : {"Generation1.bvg", "Generation2.bvg", "Generation5.bvg"}) {
+    scratch_.Write("bin/WizardSessions/" + std::string(name), "");
+  }
   WizardForm& form = Start();
-  const fs::path sessions = ProgramFolder() / "WizardSessions";
-  EXPECT_TRUE(fs::is_directory(sessions));
-  EXPECT_EQ(form.State().edFile, (sessions / "Generation1.bvg").string());
-  EXPECT_FALSE(fs::exists(sessions / "Generation1.bvg"));
+  EXPECT_EQ(form.State().edFile, (ProgramFolder() / "WizardSessions" / "Generation3.bvg").string());
+  EXPECT_EQ(DefaultSessionFile(files_, InScratch("none")), InScratch("none/Generation1.bvg"));
   EXPECT_EQ(form.CurrentStep, 0);
   EXPECT_EQ(form.InputCounter, 1);
   EXPECT_FALSE(form.SettingsChanged);
@@ -46,7 +48,6 @@ TEST_F(WizardTest, StartUpProposesTheFirstSessionAndShowsPageZero) {
   EXPECT_EQ(form.State().cmbType.Text(), "Electrostatics");
   EXPECT_EQ(form.State().cmbUnit.Text(), "Meters");
   EXPECT_EQ(form.Captions().at("lblIntro(2)"), " •   Problem data");
-  EXPECT_EQ(form.Captions().at("lblData_Caption"), "Model, Data && Sketch");
 
   // The notice was up while the application started; neither it nor the hourglass stays.
   EXPECT_EQ(view_.launchCaption, "Zentrix Bravant ExploringObject Wizard");
@@ -160,54 +161,23 @@ TEST_F(WizardTest, CancelAnsweredNoChangesNothingAndYesSavesAndCloses) {
   EXPECT_NE(ReadBytes(session).find("Ann Author"), std::string::npos);
 }
 
-TEST_F(WizardTest, SuccessfulFinishSavesGeneratesHiddenAndCloses) {
-  WizardForm& form = Start();
-  GiveProject(form);
-  for (int i = 0; i < 7; ++i) form.Next();
-  const std::string session = form.State().edFile;
-
-  EXPECT_TRUE(form.Finish());
-  EXPECT_EQ(generations_, 1);
-  EXPECT_FALSE(formShownWhileGenerating_);
-  EXPECT_EQ(generatedLocation_, scratch_.Path().string());
-  EXPECT_TRUE(fs::exists(session));
-  EXPECT_EQ(wizard_.Form(), nullptr);
-  EXPECT_FALSE(analysisAlive_);
-}
-
-TEST_F(WizardTest, FailedGenerationBringsTheSameWizardBackWithNothingLost) {
+TEST_F(WizardTest, FinishKeepsTheWizardWithNothingLostUntilSavedAndGenerated) {
   WizardForm& form = Start();
   GiveProject(form);
   form.TextEdited(Field::Author, "Ann Author");
   form.ChoiceChanged(Choice::Type, 4);
   for (int i = 0; i < 7; ++i) form.Next();
-  generationSucceeds_ = false;
+  const std::string session = form.State().edFile;
+  const auto expectBack = [&] {
+    EXPECT_EQ(wizard_.Form(), &form);
+    EXPECT_TRUE(view_.formShown);
+    EXPECT_EQ(form.CurrentStep, 7);
+    EXPECT_EQ(form.State().edAuthor, "Ann Author");
+    EXPECT_EQ(form.State().cmbType.listIndex, 4);
+    EXPECT_TRUE(analysisAlive_);
+  };
 
-  EXPECT_FALSE(form.Finish());
-  EXPECT_EQ(generations_, 1);
-  EXPECT_FALSE(formShownWhileGenerating_);
-  EXPECT_EQ(wizard_.Form(), &form);
-  EXPECT_TRUE(view_.formShown);
-  EXPECT_EQ(form.CurrentStep, 7);
-  EXPECT_EQ(form.State().edAuthor, "Ann Author");
-  EXPECT_EQ(form.State().cmbType.listIndex, 4);
-  EXPECT_EQ(form.State().theName, "Coil");
-  EXPECT_TRUE(analysisAlive_);
-
-  // A generation that throws is told, and the wizard comes back the same way.
-  generationThrows_ = true;
-  EXPECT_FALSE(form.Finish());
-  ASSERT_EQ(prompter_.shown.size(), 1u);
-  EXPECT_EQ(prompter_.shown[0].text, "project folder vanished");
-  EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Critical);
-  EXPECT_EQ(wizard_.Form(), &form);
-  EXPECT_TRUE(view_.formShown);
-}
-
-TEST_F(WizardTest, SessionThatCannotBeSavedKeepsTheWizardOpen) {
-  WizardForm& form = Start();
-  GiveProject(form);
-  for (int i = 0; i < 7; ++i) form.Next();
+  // A session that cannot be saved stops Finish, and Cancel, before anything else.
   form.TextEdited(Field::File, InScratch("no such folder/s.bvg"));
   EXPECT_FALSE(form.Finish());
   EXPECT_EQ(generations_, 0);
@@ -215,15 +185,32 @@ TEST_F(WizardTest, SessionThatCannotBeSavedKeepsTheWizardOpen) {
   EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Exclamation);
   EXPECT_EQ(prompter_.shown[0].title, test::kTitle);
   EXPECT_FALSE(prompter_.shown[0].text.empty());
-  EXPECT_TRUE(view_.formShown);
-  EXPECT_EQ(form.CurrentStep, 7);
-
   prompter_.Answer(MsgAnswer::Yes);
   EXPECT_FALSE(form.Cancel());
   ASSERT_EQ(prompter_.shown.size(), 3u);  // the question, then why it failed
   EXPECT_EQ(prompter_.shown[2].text, prompter_.shown[0].text);
-  EXPECT_EQ(wizard_.Form(), &form);
-  EXPECT_TRUE(analysisAlive_);
+  prompter_.shown.clear();
+  expectBack();
+
+  form.TextEdited(Field::File, session);
+  generationSucceeds_ = false;
+  EXPECT_FALSE(form.Finish());
+  EXPECT_EQ(generations_, 1);
+  expectBack();
+  generationThrows_ = true;
+  EXPECT_FALSE(form.Finish());
+  ExpectTold(prompter_, "project folder vanished", MsgIcon::Critical);
+  expectBack();
+
+  generationThrows_ = false;
+  generationSucceeds_ = true;
+  EXPECT_TRUE(form.Finish());
+  EXPECT_EQ(generations_, 3);
+  EXPECT_FALSE(formShownWhileGenerating_);
+  EXPECT_EQ(generatedLocation_, scratch_.Path().string());
+  EXPECT_TRUE(fs::exists(session));
+  EXPECT_EQ(wizard_.Form(), nullptr);
+  EXPECT_FALSE(analysisAlive_);
 }
 
 TEST_F(WizardTest, AnalysisApplicationThatCannotStartStopsTheStartUpUntilReconnection) {
@@ -243,8 +230,7 @@ TEST_F(WizardTest, AnalysisApplicationThatCannotStartStopsTheStartUpUntilReconne
 }
 
 TEST_F(WizardTest, VersionIsCheckedInPlainStringOrder) {
-  for (const char* product : {"Zentrix 5.2", "Zentrix 5.10", "Zentrix 4.9", "Zentrix 5.3",
-                              "Zentrix 5.2.1", "zentrix 5.2"}) {
+  for (const char* product : {"Zentrix 5.2", "Zentrix 5.10", "Zentrix 5.3", "zentrix 5.2"}) {
     SCOPED_TRACE(product);
     product_ = product;
     wizard_.AddinInstance_OnConnection(nullptr);

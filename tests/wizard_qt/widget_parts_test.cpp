@@ -16,23 +16,14 @@ class WidgetPartsTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void fileFiltersBecomeQtFilters_data() {
-    QTest::addColumn<QString>("vb");
-    QTest::addColumn<QString>("qt");
-    QTest::newRow("pattern already named") << "Visual Basic Project (*.vbp)|*.vbp"
-                                           << "Visual Basic Project (*.vbp)";
-    QTest::newRow("pattern lists and every file")
-        << "All images |*.bmp;*.gif;*.jpg|Icons (*.ico)|*.ico|All files |*.*"
-        << "All images (*.bmp *.gif *.jpg);;Icons (*.ico);;All files (*)";
-    QTest::newRow("crossed data filter kept as written")
-        << "ZX Data for Current Flow (*.dcf)|*.dcf" << "ZX Data for Current Flow (*.dcf)";
-    QTest::newRow("description without pattern dropped") << "Models|*.mod|Broken"
-                                                         << "Models (*.mod)";
-  }
   void fileFiltersBecomeQtFilters() {
-    QFETCH(QString, vb);
-    QFETCH(QString, qt);
-    QCOMPARE(QString::fromStdString(wizard::QtFileFilter(vb.toStdString())), qt);
+    const char* const cases[][2] = {
+        {"Visual Basic Project (*.vbp)|*.vbp", "Visual Basic Project (*.vbp)"},
+        {"All images |*.bmp;*.gif;*.jpg|Icons (*.ico)|*.ico|All files |*.*",
+         "All images (*.bmp *.gif *.jpg);;Icons (*.ico);;All files (*)"},
+        {"Models|*.mod|Broken", "Models (*.mod)"},  // a description without pattern is dropped
+    };
+    for (const auto& [vb, qt] : cases) QCOMPARE(wizard::QtFileFilter(vb), std::string(qt));
   }
 
   void labelCaptionsDropAccessKeys() {
@@ -61,8 +52,7 @@ class WidgetPartsTest : public QObject {
 
   void helpReferencesSplitAtTheirMark() {
     const auto reference = platform::SplitHelpReference("/p/../../Help/B.chm::/HTML/W.htm");
-    QVERIFY(reference.has_value());
-    QCOMPARE(reference->file, std::string("/p/../../Help/B.chm"));
+    QCOMPARE(reference.value().file, std::string("/p/../../Help/B.chm"));
     QCOMPARE(reference->topic, std::string("/HTML/W.htm"));
     QCOMPARE(platform::SplitHelpReference("B.chm::HTML/W.htm")->topic, std::string("/HTML/W.htm"));
     QVERIFY(!platform::SplitHelpReference("B.chm").has_value());

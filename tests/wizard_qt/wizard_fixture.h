@@ -48,7 +48,7 @@ class WizardFixture {
   // Generation is recorded and succeeds or fails as `generationResult` says, or, with
   // `realGeneration`, runs the generator with its progress window.
   explicit WizardFixture(bool realGeneration = false)
-      : services_{fs, registry, prompter, help, Path("program"), Path("user"),
+      : services{fs, registry, prompter, help, Path("program"), Path("user"),
                   [] { return std::make_unique<FakeAnalysis>(); },
                   [this, realGeneration](wizard::WizardForm& form) {
                     if (realGeneration)
@@ -106,20 +106,17 @@ class WizardFixture {
   bool generationResult = true;
   int generations = 0;
   QPointer<wizard::WizardWindow> window;
+  wizard::FormServices services;
+  wizard::Wizard addIn;
 
  private:
   std::unique_ptr<wizard::WizardForm> MakeForm() {
-    auto form = std::make_unique<wizard::WizardForm>(services_);
+    auto form = std::make_unique<wizard::WizardForm>(services);
     auto view = std::make_unique<wizard::QtWizardView>(*form, fs);
     window = view->Window();
     form->AttachView(std::move(view));
     return form;
   }
-
-  wizard::FormServices services_;
-
- public:
-  wizard::Wizard addIn;
 };
 
 // Clicks cell (row, column) of `list`, both counted from 0.

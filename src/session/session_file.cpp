@@ -78,6 +78,7 @@ class Reader {
     return true;
   }
 
+ private:
   // The next line in UTF-8, valid until the next read.
   std::string_view ReadLine() {
     const std::string_view line = files_.LineInput(kFile);

@@ -74,7 +74,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::memcpy(&value, text.data(), sizeof value);
     if (std::isfinite(value)) {
       const std::string str = vbrt::StrDouble(value);
-      if (!vbrt::IsNumeric(str, vbrt::NumberFormat{})) std::abort();
+      // The 15 digits of the largest Doubles round beyond the range: no number to read back.
+      if (std::fabs(value) < 1e308 && !vbrt::IsNumeric(str, vbrt::NumberFormat{})) std::abort();
       vbrt::CStr(value, format);
       float single;
       std::memcpy(&single, text.data(), sizeof single);

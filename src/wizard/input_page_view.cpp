@@ -15,7 +15,6 @@
 
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
-#include "wizard/input_dialog.h"
 #include "wizard/list_view_rows.h"
 #include "wizard/qt_text.h"
 
@@ -114,7 +113,7 @@ void InputPageView::Connect(FormForwarder forward) { forward_ = std::move(forwar
 void InputPageView::Do(const std::function<void(InputPage&)>& action) {
   if (!forward_) return;
   forward_([&action](WizardForm& form) { action(form.Inputs()); });
-  if (dialogToOpen_) RunDialog();
+  dialog_.RunOpened(forward_, window());
 }
 
 void InputPageView::Show(WizardForm& form) {
@@ -126,11 +125,7 @@ void InputPageView::Show(WizardForm& form) {
   }
   ShowListRows(*list_, form.State().lvInput);
   ShowEditor(page.Editor());
-  if (dialog_ != nullptr) {
-    dialog_->Show(page.Dialog());
-  } else if (page.Dialog().shown) {
-    dialogToOpen_ = page.Dialog();
-  }
+  dialog_.Show(page.Dialog());
   showing_ = false;
 }
 
@@ -229,15 +224,6 @@ void InputPageView::Clicked(QPoint position) {
   const int row = cell.isValid() ? cell.row() : -1;
   const int column = cell.isValid() ? cell.column() + 1 : 0;
   Do([row, column](InputPage& page) { page.ClickCell(row, column); });
-}
-
-void InputPageView::RunDialog() {
-  InputParameterDialog dialog(forward_, window());
-  dialog_ = &dialog;
-  dialog.Show(*dialogToOpen_);
-  dialogToOpen_.reset();
-  dialog.exec();
-  dialog_ = nullptr;
 }
 
 }  // namespace wizard

@@ -7,6 +7,8 @@
 #include <optional>
 
 #include "wizard/form_forwarder.h"
+#include "wizard/input_dialog.h"
+#include "wizard/modal_dialog.h"
 #include "wizard/model/input_page.h"
 
 class QComboBox;
@@ -15,8 +17,6 @@ class QLineEdit;
 class QTreeWidget;
 
 namespace wizard {
-
-class InputParameterDialog;
 
 class InputPageView : public QWidget {
   Q_OBJECT
@@ -37,7 +37,6 @@ class InputPageView : public QWidget {
   void Do(const std::function<void(InputPage&)>& action);
   void ShowEditor(const CellEditor& editor);
   void PlaceEditor();
-  void RunDialog();
   bool EditorKey(const QKeyEvent& key, EditorKind kind);
   void Clicked(QPoint position);
   QWidget* OpenEditorWidget() const;
@@ -48,9 +47,7 @@ class InputPageView : public QWidget {
   QComboBox* combo_;  // lvCombo
   CellEditor editor_;  // as last shown
   bool showing_ = false;  // Show moves the focus: that is no leaving of the editor
-  // The dialog state to open with, once the action that opened the dialog is done.
-  std::optional<InputDialog> dialogToOpen_;
-  InputParameterDialog* dialog_ = nullptr;  // while it runs
+  ModalDialog<InputParameterDialog, InputDialog> dialog_;
 };
 
 }  // namespace wizard

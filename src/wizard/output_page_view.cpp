@@ -10,7 +10,6 @@
 #include "wizard/list_view_rows.h"
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
-#include "wizard/output_dialog.h"
 #include "wizard/qt_text.h"
 
 namespace wizard {
@@ -96,7 +95,7 @@ void OutputPageView::Connect(FormForwarder forward) { forward_ = std::move(forwa
 void OutputPageView::Do(const std::function<void(OutputPage&)>& action) {
   if (!forward_) return;
   forward_([&action](WizardForm& form) { action(form.Outputs()); });
-  if (dialogToOpen_) RunDialog();
+  dialog_.RunOpened(forward_, window());
 }
 
 void OutputPageView::ForwardSelection(QTreeWidget* view,
@@ -109,22 +108,8 @@ void OutputPageView::Show(WizardForm& form) {
   showing_ = true;
   ShowListRows(*outputs_, form.State().lvOutput);
   ShowListRows(*standard_, form.State().lvStandard);
-  const OutputDialog& dialog = form.Outputs().Dialog();
-  if (dialog_ != nullptr) {
-    dialog_->Show(dialog);
-  } else if (dialog.shown) {
-    dialogToOpen_ = dialog;
-  }
+  dialog_.Show(form.Outputs().Dialog());
   showing_ = false;
-}
-
-void OutputPageView::RunDialog() {
-  OutputParameterDialog dialog(forward_, window());
-  dialog_ = &dialog;
-  dialog.Show(*dialogToOpen_);
-  dialogToOpen_.reset();
-  dialog.exec();
-  dialog_ = nullptr;
 }
 
 }  // namespace wizard

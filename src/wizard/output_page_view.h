@@ -6,13 +6,13 @@
 #include <optional>
 
 #include "wizard/form_forwarder.h"
+#include "wizard/output_dialog.h"
+#include "wizard/modal_dialog.h"
 #include "wizard/model/output_page.h"
 
 class QTreeWidget;
 
 namespace wizard {
-
-class OutputParameterDialog;
 
 class OutputPageView : public QWidget {
   Q_OBJECT
@@ -29,14 +29,12 @@ class OutputPageView : public QWidget {
  private:
   void Do(const std::function<void(OutputPage&)>& action);
   void ForwardSelection(QTreeWidget* view, session::ListView session::FormState::*list);
-  void RunDialog();
 
   FormForwarder forward_;
   QTreeWidget* outputs_;   // lvOutput
   QTreeWidget* standard_;  // lvStandard
   bool showing_ = false;   // Show sets the selections: that is not the user's doing
-  std::optional<OutputDialog> dialogToOpen_;
-  OutputParameterDialog* dialog_ = nullptr;  // while it runs
+  ModalDialog<OutputParameterDialog, OutputDialog> dialog_;
 };
 
 }  // namespace wizard

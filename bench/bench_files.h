@@ -46,8 +46,6 @@ inline std::string PlainRead(const std::filesystem::path& file) {
   return bytes;
 }
 
-inline std::string ReadAll(const std::filesystem::path& file) { return PlainRead(file); }
-
 // The process's peak resident memory so far, in megabytes.
 inline double PeakMegabytes() {
   rusage usage{};

@@ -73,7 +73,7 @@ void BM_PlainWriteOfGeneratedBytes(benchmark::State& state) {
   std::vector<std::string> files;
   std::size_t bytes = 0;
   for (const char* name : {"Big.cls", "Big.bas", "Big.vbp"}) {
-    files.push_back(bench::ReadAll(Folder() / name));
+    files.push_back(bench::PlainRead(Folder() / name));
     bytes += files.back().size();
   }
   const fs::path copies = bench::ScratchFolder() / "plain";

@@ -53,7 +53,9 @@ int RunGenerate(const GenerateOptions& options) {
 
   // The analysis application is needed only to convert the basic model into code.
   std::unique_ptr<platform::AnalysisApplication> application;
-  if (!form.optModelLink.value) application = CreateAnalysisApplication();
+  if (!form.optModelLink.value) {
+    application = CreateAnalysisApplication("Converting the basic model into code");
+  }
 
   platform::VbFilesEnvironment environment(services.fs, services.registry);
   TerminalProgress progress(std::cerr, ::isatty(STDERR_FILENO) == 1);

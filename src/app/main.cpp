@@ -6,7 +6,6 @@
 #include <CLI/CLI.hpp>
 
 #include "app/commands.h"
-#include "app/gui_main.h"
 #include "vbrt/numbers.h"
 
 int main(int argc, char** argv) {
@@ -18,6 +17,18 @@ int main(int argc, char** argv) {
   cli.require_subcommand(0, 1);
   std::string sessionFile;
   cli.add_option("--session", sessionFile, "Open the wizard with this session file loaded");
+  app::ServiceOptions windowOptions;
+  app::AddServiceOptions(cli, windowOptions);
+  // The options before a command are the window's: refused rather than dropped.
+  cli.parse_complete_callback([&cli] {
+    if (cli.get_subcommands().empty()) return;
+    for (const CLI::Option* option : cli.get_options()) {
+      if (option->count() > 0 && option != cli.get_help_ptr()) {
+        throw CLI::ValidationError(option->get_name(),
+                                   "before a command an option is the window's; give it after the command");
+      }
+    }
+  });
   int exitCode = 0;
   app::AddSessionCommands(cli, exitCode);
   app::AddModelCommands(cli, exitCode);
@@ -32,6 +43,8 @@ int main(int argc, char** argv) {
     std::cerr << "eowizard: " << e.what() << "\n";
     return 1;
   }
-  if (cli.get_subcommands().empty()) return app::RunWizardWindow(argc, argv, sessionFile);
+  if (cli.get_subcommands().empty()) {
+    return app::RunWizardWindow(argc, argv, sessionFile, windowOptions);
+  }
   return exitCode;
 }

@@ -19,7 +19,7 @@ struct ShowOptions {
 };
 
 int ShowModel(const ShowOptions& options) {
-  const auto application = CreateAnalysisApplication();
+  const auto application = CreateAnalysisApplication("Showing a basic model");
   if (!application) {
     std::cerr << "eowizard: the analysis application cannot be started\n";
     return 1;

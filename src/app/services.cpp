@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <optional>
 #include <stdexcept>
 
 #include "vbrt/codepage.h"
@@ -67,10 +66,13 @@ void AddServiceOptions(CLI::App& command, ServiceOptions& options) {
 
 bool StandardInputIsTerminal() { return ::isatty(STDIN_FILENO) == 1; }
 
-Services::Services(const ServiceOptions& options, std::istream& in, std::ostream& messages,
-                   bool inIsTerminal)
+SharedServices::SharedServices(const ServiceOptions& options)
     : fs(DrivesOf(WithCodePage(options))),
       registry(RegistryOf(options)),
-      prompter(in, messages, inIsTerminal && options.answer.empty(), AnswerOf(options.answer)) {}
+      answer(AnswerOf(options.answer)) {}
+
+Services::Services(const ServiceOptions& options, std::istream& in, std::ostream& messages,
+                   bool inIsTerminal)
+    : SharedServices(options), prompter(in, messages, inIsTerminal && !answer, answer) {}
 
 }  // namespace app

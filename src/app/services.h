@@ -2,6 +2,7 @@
 // The platform services of one command run, built from the options every command
 // shares: --drive, --registry, --codepage and --answer.
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,21 +29,29 @@ void AddServiceOptions(CLI::App& command, ServiceOptions& options);
 // True when standard input is a terminal, so that questions can be asked there.
 bool StandardInputIsTerminal();
 
-// The services of one run. Members refer to each other: neither copied nor moved.
-class Services {
+// What the shared options make, for the commands and the window alike.
+struct SharedServices {
+  // Sets the code page, reads the drive map and the registry files. Throws
+  // std::invalid_argument or std::runtime_error with a text for the user when an option
+  // is wrong or a registry file cannot be read.
+  explicit SharedServices(const ServiceOptions& options);
+
+  platform::PosixFileSystem fs;
+  platform::RegistryFiles registry;
+  std::optional<platform::MsgAnswer> answer;  // --answer; none: questions are asked
+};
+
+// The services of one command run. Members refer to each other: neither copied nor moved.
+class Services : public SharedServices {
  public:
-  // Sets the code page, reads the drive map and the registry files. Messages go to
-  // `messages`; questions are answered by --answer, else asked on `in` when
-  // `inIsTerminal`, else answered Cancel with a note. Throws std::invalid_argument or
-  // std::runtime_error with a text for the user when an option is wrong or a registry
-  // file cannot be read.
+  // The shared services; messages go to `messages`; questions are answered by --answer,
+  // else asked on `in` when `inIsTerminal`, else answered Cancel with a note. Throws as
+  // SharedServices does.
   Services(const ServiceOptions& options, std::istream& in, std::ostream& messages,
            bool inIsTerminal);
   Services(const Services&) = delete;
   Services& operator=(const Services&) = delete;
 
-  platform::PosixFileSystem fs;
-  platform::RegistryFiles registry;
   platform::ConsolePrompter prompter;
   vbrt::FileTable files;
 

@@ -1,0 +1,47 @@
+#pragma once
+// The boundary between the program and the modules it loads on first need. Each module
+// exports one entry function under a C name; everything else a module uses of the core
+// (string table, file table, number format, code page, the wizard's model) it resolves
+// against the program, which exports its symbols, so that there is one copy of each.
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/analysis_application.h"
+#include "platform/file_system.h"
+#include "platform/prompter.h"
+#include "platform/registry.h"
+
+namespace app {
+
+// eowizard-gmsh.so: the analysis application (Gmsh reads the basic models).
+inline constexpr const char* kAnalysisModule = "eowizard-gmsh.so";
+// Starts the analysis application and hands over the object (owned by the caller).
+// Throws vbrt::VbError when it cannot be started.
+inline constexpr const char* kAnalysisEntry = "eowizard_create_analysis_application";
+using AnalysisEntry = platform::AnalysisApplication* (*)();
+
+// eowizard-window.so: the wizard window (Qt).
+inline constexpr const char* kWindowModule = "eowizard-window.so";
+inline constexpr const char* kWindowEntry = "eowizard_run_window";
+
+// What the window starts with: the services the shared options made, and how to start
+// the analysis application. The references must outlive the window.
+struct WindowStart {
+  int& argc;  // the command line, for the toolkit's own options
+  char** argv;
+  std::string sessionFile;  // loaded once the wizard is up, when not empty
+  platform::FileSystem& fs;
+  const platform::Registry& registry;
+  // Answers every Yes/No(/Cancel) question without a box (--answer); none: boxes ask.
+  std::optional<platform::MsgAnswer> answer;
+  // Loads the analysis module and starts the application; nullptr after telling why it
+  // could not.
+  std::function<std::unique_ptr<platform::AnalysisApplication>()> createAnalysis;
+};
+// Opens the wizard window and runs it until the wizard closes; returns the program's exit
+// code (1 when the window cannot open or the wizard could not start).
+using WindowEntry = int (*)(const WindowStart& start);
+
+}  // namespace app

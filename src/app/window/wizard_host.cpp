@@ -1,0 +1,57 @@
+#include "app/window/wizard_host.h"
+
+#include <QApplication>
+#include <iostream>
+
+#include "platform/posix/program_folder.h"
+#include "wizard/generation_runner.h"
+#include "wizard/wizard_view.h"
+
+namespace app {
+
+AnsweredQuestions::AnsweredQuestions(platform::Prompter& boxes, platform::MsgAnswer answer)
+    : boxes_(boxes), console_(std::cin, std::cerr, false, answer) {}
+
+platform::MsgAnswer AnsweredQuestions::Show(const platform::Message& message) {
+  return message.buttons == platform::MsgButtons::OK ? boxes_.Show(message)
+                                                     : console_.Show(message);
+}
+
+WizardHost::WizardHost(const WindowStart& start, platform::Prompter& boxes)
+    : start_(start),
+      answered_(start.answer ? std::make_unique<AnsweredQuestions>(boxes, *start.answer)
+                             : nullptr),
+      prompter_(answered_ ? *answered_ : boxes),
+      environment_(start.fs, start.registry),
+      help_(start.fs),
+      services_{start.fs,
+                start.registry,
+                prompter_,
+                help_,
+                platform::ProgramFolder().string(),
+                platform::UserDataFolder().string(),
+                start.createAnalysis,
+                wizard::GenerationWithProgressWindow(start.fs, start.registry, prompter_)},
+      addIn_(
+          [this] {
+            auto form = std::make_unique<wizard::WizardForm>(services_);
+            auto view = std::make_unique<wizard::QtWizardView>(*form, start_.fs);
+            QObject::connect(view->Window(), &QObject::destroyed, qApp,
+                             &QCoreApplication::quit);
+            form->AttachView(std::move(view));
+            return form;
+          },
+          prompter_) {}
+
+bool WizardHost::Connect() {
+  addIn_.AddinInstance_OnConnection(&environment_);
+  wizard::WizardForm* form = addIn_.Form();
+  if (form == nullptr) return false;
+  if (!start_.sessionFile.empty()) {
+    form->TextEdited(wizard::Field::File, start_.sessionFile);
+    form->FieldLeft(wizard::Field::File);
+  }
+  return true;
+}
+
+}  // namespace app

@@ -1,0 +1,81 @@
+// Gmsh and Qt are loaded only by what needs them, a module that cannot be loaded is
+// named, and the window takes the shared options. The loaded objects are the dynamic
+// loader's own record (LD_DEBUG=files).
+#include <filesystem>
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "program_test.h"
+
+namespace {
+
+class ModulesTest : public ProgramTest {
+ protected:
+  // The objects the dynamic loader loaded (and initialised) in the runs logged under
+  // `prefix`, one line each.
+  std::string Loaded(const std::string& prefix) const {
+    std::string loaded;
+    for (const auto& entry : std::filesystem::directory_iterator(scratch_.Path())) {
+      if (!entry.path().filename().string().starts_with(prefix + ".")) continue;
+      std::istringstream log(ReadBytes(entry.path()));
+      for (std::string line; std::getline(log, line);) {
+        if (line.find("calling init:") != std::string::npos) loaded += line + "\n";
+      }
+    }
+    return loaded;
+  }
+};
+
+TEST_F(ModulesTest, OnlyWhatNeedsAModuleLoadsIt) {
+  const std::string none = "EOWIZARD_MODULE_DIR='" + Path("none") + "'";
+  const std::string root = "cd .. &&";  // the example sessions name their files from there
+  const std::string registry = " --registry examples/registry/demo-host.reg --answer yes";
+  struct Row {
+    std::string environment;
+    std::string arguments;
+    int exitCode;
+    bool gmsh;
+    std::string message;  // in the standard error
+  } rows[] = {
+      {"", "session show --drive C=coil/drive_c coil/Coil.bvg", 0, false, ""},
+      {"", "session check --drive C=coil/drive_c coil/Coil.bvg", 0, false, ""},
+      {"", "session rewrite coil/Coil.bvg '" + Path("copy.bvg") + "'", 0, false, ""},
+      {root, "generate examples/actuator/Actuator.bvg --project '" + Path("a/Actuator.vbp") +
+                 "'" + registry, 0, false, ""},
+      {"", "model show converter/Converter.geo", 0, true, ""},
+      {"env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM",
+       "--session coil/Coil.bvg --drive C=coil/drive_c --registry registry/demo-host.reg "
+       "--codepage CP1250 --answer yes",
+       1, false, "no display to open the wizard window on"},
+      {none, "model show converter/Converter.geo", 1, false,
+       "eowizard: Showing a basic model needs the module eowizard-gmsh.so, which cannot be "
+       "loaded: " + Path("none") + "/eowizard-gmsh.so: cannot open shared object file"},
+      {root + " " + none, "generate examples/converter/Converter.bvg --project '" +
+                              Path("c/Converter.vbp") + "'" + registry,
+       1, false, "Converting the basic model into code needs the module eowizard-gmsh.so"},
+      {"QT_QPA_PLATFORM=offscreen " + none, "", 1, false,
+       "The wizard window needs the module eowizard-window.so, which cannot be loaded"},
+      {"", "--drive Q", 2, false, "drive mapping 'Q' is not of the form X=/folder"},
+      {"", "--drive C=coil/drive_c session show coil/Coil.bvg", 2, false,
+       "--drive: before a command an option is the window's; give it after it"},
+  };
+  int run = 0;
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.environment + " eowizard " + row.arguments);
+    const std::string log = "ld" + std::to_string(++run);
+    EXPECT_EQ(Run(row.arguments,
+                  "LD_DEBUG=files LD_DEBUG_OUTPUT='" + Path(log) + "' " + row.environment),
+              row.exitCode)
+        << err_;
+    EXPECT_NE(err_.find(row.message), std::string::npos) << err_;
+    const std::string loaded = Loaded(log);
+    EXPECT_EQ(loaded.find("eowizard-gmsh.so") != std::string::npos, row.gmsh);
+    EXPECT_EQ(loaded.find("libgmsh") != std::string::npos, row.gmsh);
+    EXPECT_EQ(loaded.find("libQt6"), std::string::npos);
+  }
+  EXPECT_FALSE(std::filesystem::exists(Path("c/Converter.vbp")));
+}
+
+}  // namespace

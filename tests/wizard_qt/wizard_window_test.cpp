@@ -5,6 +5,8 @@
 #include <QRadioButton>
 #include <QtTest>
 
+#include "app/services.h"
+#include "app/window/wizard_host.h"
 #include "wizard_fixture.h"
 
 using platform::MsgAnswer;
@@ -93,6 +95,35 @@ class WizardWindowTest : public QObject {
     QVERIFY(!ui.Control("optModelCode")->isEnabled());
     QTest::mouseClick(ui.Control<QRadioButton>("optModelCode"), Qt::LeftButton);
     QVERIFY(ui.Control<QRadioButton>("optModelLink")->isChecked());
+  }
+
+  // The window's host, as `eowizard [options] --session FILE` starts it: the session's
+  // Windows paths lead to files only through the --drive mapping.
+  void sharedOptionsReachTheWindow() {
+    const struct {
+      std::vector<std::string> drives;
+      std::vector<std::string> notices;
+    } rows[] = {
+        {{"C=" EOW_EXAMPLES_DIR "/coil/drive_c"}, {}},
+        {{},
+         {"Model file 'C:\\Models\\Coil\\coil.mod' does not exist.",
+          "Data file 'C:\\Models\\Coil\\coil.dms' does not exist."}},
+    };
+    for (const auto& row : rows) {
+      app::SharedServices services(app::ServiceOptions{.drives = row.drives});
+      int argc = 0;
+      const app::WindowStart start{argc, nullptr, EOW_EXAMPLES_DIR "/coil/Coil.bvg",
+                                   services.fs, services.registry, std::nullopt,
+                                   [] { return std::make_unique<wizard_test::FakeAnalysis>(); }};
+      platform::ScriptedPrompter boxes;
+      app::WizardHost host(start, boxes);
+      QVERIFY(host.Connect());
+      std::vector<std::string> shown;
+      for (const platform::Message& message : boxes.shown) shown.push_back(message.text);
+      QCOMPARE(shown, row.notices);
+      QCOMPARE(host.AddIn().Form()->State().edAuthor, std::string("Design group"));
+      host.Disconnect();
+    }
   }
 };
 

@@ -47,9 +47,10 @@ fuzz: build-fuzz
 	cmake --preset fuzz -DEOWIZARD_FUZZ_SECONDS=$(FUZZ_SECONDS)
 	ctest --preset fuzz-long
 
-# Every benchmark program of the release build.
+# Every benchmark program of the release build, then each guarded ratio beside its guard
+# and the whole-process comparison.
 bench: build
-	for b in build/default/bench/eow_*_bench; do $$b || exit 1; done
+	bench/run.sh build/default
 
 clean:
 	rm -rf build

@@ -1,6 +1,5 @@
 #pragma once
 // The command-line subcommands; each file registers its own.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 #include <string_view>

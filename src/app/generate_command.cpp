@@ -7,6 +7,8 @@
 #include <memory>
 #include <string>
 
+#include <CLI/CLI.hpp>
+
 #include "app/commands.h"
 #include "app/services.h"
 #include "app/terminal_progress.h"

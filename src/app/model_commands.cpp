@@ -6,6 +6,8 @@
 #include <memory>
 #include <string>
 
+#include <CLI/CLI.hpp>
+
 #include "app/commands.h"
 #include "app/model_preview.h"
 #include "vbrt/error.h"

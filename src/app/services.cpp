@@ -4,6 +4,8 @@
 
 #include <stdexcept>
 
+#include <CLI/CLI.hpp>
+
 #include "vbrt/codepage.h"
 
 namespace app {

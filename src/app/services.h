@@ -1,18 +1,22 @@
 #pragma once
-// The platform services of one command run, built from the options every command
-// shares: --drive, --registry, --codepage and --answer.
+// The platform services of one run, built from the options every command and the window
+// share: --drive, --registry, --codepage and --answer.
 #include <iosfwd>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include <CLI/CLI.hpp>
 
 #include "platform/posix/posix_file_system.h"
 #include "platform/prompt/console_prompter.h"
 #include "platform/regfile/registry_files.h"
 #include "session/session_file.h"
 #include "vbrt/file_table.h"
+
+// Only the files that add options include CLI11: each one builds its validators when
+// the program starts.
+namespace CLI {
+class App;
+}  // namespace CLI
 
 namespace app {
 

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include <CLI/CLI.hpp>
+
 #include "app/commands.h"
 #include "app/services.h"
 #include "app/session_views.h"

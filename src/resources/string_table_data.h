@@ -1,7 +1,7 @@
 #pragma once
 // The entries of the string table as generated from strings.tsv at build time.
+#include <span>
 #include <string_view>
-#include <vector>
 
 namespace resources {
 
@@ -10,7 +10,7 @@ struct StringEntry {
   std::string_view text;
 };
 
-// Every entry, in the order of the table file.
-const std::vector<StringEntry>& StringEntries();
+// Every entry, in rising number order.
+std::span<const StringEntry> StringEntries();
 
 }  // namespace resources

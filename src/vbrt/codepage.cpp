@@ -1,6 +1,6 @@
-// Code-page conversion through iconv. Both directions keep their iconv handles open:
-// a session file is converted line by line, and opening a converter per line would
-// dominate the reading time of a large file.
+// Code-page conversion through iconv. Both directions keep their iconv handles open once
+// opened: a session file is converted line by line, and opening a converter per line
+// would dominate the reading time of a large file.
 #include "vbrt/codepage.h"
 
 #include <iconv.h>
@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -120,24 +121,42 @@ bool IsAscii(std::string_view text) {
   return true;
 }
 
-struct CodePage {
-  std::string name;
-  Converter toAnsi;
-  Converter fromAnsi;
-  // Whether the code page holds ASCII as ASCII (as every ANSI code page does): then an
-  // ASCII text, which most lines of a session and of generated code are, needs no iconv.
-  bool asciiAsIs = false;
-
-  explicit CodePage(const std::string& iconvName)
-      : name(iconvName), toAnsi(iconvName, "UTF-8"), fromAnsi("UTF-8", iconvName) {
+// The converters are opened on first use: most texts of a session and of generated code
+// are ASCII and need none, so a run that meets no other text never loads iconv's tables.
+class CodePage {
+ public:
+  // The default: Windows-1252 holds ASCII as it is.
+  CodePage() : name_("WINDOWS-1252"), asciiAsIs_(true) {}
+  // A code page named by the user, opened at once: an unknown name throws here, and
+  // whether it holds ASCII as ASCII (as every ANSI code page does) is checked.
+  explicit CodePage(const std::string& iconvName) : name_(iconvName) {
     std::string ascii(127, '\0');
     for (int c = 1; c < 128; ++c) ascii[c - 1] = static_cast<char>(c);
-    asciiAsIs = fromAnsi.Convert(ascii, OneByte) == ascii && toAnsi.Convert(ascii, OneByte) == ascii;
+    asciiAsIs_ = FromAnsi().Convert(ascii, OneByte) == ascii &&
+                 ToAnsi().Convert(ascii, OneByte) == ascii;
   }
+
+  const std::string& Name() const { return name_; }
+  // Then an ASCII text, which most lines are, needs no conversion.
+  bool AsciiAsIs() const { return asciiAsIs_; }
+  Converter& ToAnsi() { return Opened(toAnsi_, name_, "UTF-8"); }
+  Converter& FromAnsi() { return Opened(fromAnsi_, "UTF-8", name_); }
+
+ private:
+  static Converter& Opened(std::optional<Converter>& converter, const std::string& to,
+                           const std::string& from) {
+    if (!converter) converter.emplace(to, from);
+    return *converter;
+  }
+
+  std::string name_;
+  bool asciiAsIs_ = false;
+  std::optional<Converter> toAnsi_;
+  std::optional<Converter> fromAnsi_;
 };
 
 CodePage& Current() {
-  static CodePage codePage("WINDOWS-1252");
+  static CodePage codePage;
   return codePage;
 }
 
@@ -148,18 +167,18 @@ void SetAnsiCodePage(const std::string& iconvName) {
   Current() = std::move(replacement);
 }
 
-const std::string& AnsiCodePage() { return Current().name; }
+const std::string& AnsiCodePage() { return Current().Name(); }
 
-bool IsCodePageNeutral(std::string_view text) { return Current().asciiAsIs && IsAscii(text); }
+bool IsCodePageNeutral(std::string_view text) { return Current().AsciiAsIs() && IsAscii(text); }
 
 std::string ToAnsi(std::string_view utf8) {
   if (IsCodePageNeutral(utf8)) return std::string(utf8);
-  return Current().toAnsi.Convert(utf8, Utf8CharacterLength);
+  return Current().ToAnsi().Convert(utf8, Utf8CharacterLength);
 }
 
 std::string FromAnsi(std::string_view ansi) {
   if (IsCodePageNeutral(ansi)) return std::string(ansi);
-  return Current().fromAnsi.Convert(ansi, OneByte);
+  return Current().FromAnsi().Convert(ansi, OneByte);
 }
 
 }  // namespace vbrt

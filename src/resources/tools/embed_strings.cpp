@@ -2,7 +2,7 @@
 // and lines starting with '#' are comments) into a C++ source with one entry a line.
 #include <fstream>
 #include <iostream>
-#include <set>
+#include <map>
 #include <sstream>
 #include <string>
 
@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   std::ostringstream body;
-  std::set<long> seen;
+  std::map<long, std::string> entries;
   std::string line;
   int lineNo = 0;
   while (std::getline(in, line)) {
@@ -36,19 +36,25 @@ int main(int argc, char** argv) {
       std::cerr << argv[1] << ":" << lineNo << ": text contains the raw-string delimiter\n";
       return 1;
     }
-    if (!seen.insert(std::stol(number)).second) {
+    if (!entries.emplace(std::stol(number), text).second) {
       std::cerr << argv[1] << ":" << lineNo << ": number " << number << " twice\n";
       return 1;
     }
+  }
+  // In rising number order, so that a lookup is a binary search of constant data and the
+  // program builds no index when it starts.
+  for (const auto& [number, text] : entries) {
     body << "    {" << number << ", R\"eow(" << text << ")eow\"},\n";
   }
   std::ofstream out(argv[2], std::ios::binary);
   out << "// Generated from strings.tsv; do not edit.\n"
          "#include \"resources/string_table_data.h\"\n\n"
          "namespace resources {\n\n"
-         "const std::vector<StringEntry>& StringEntries() {\n"
-         "  static const std::vector<StringEntry> entries = {\n"
+         "namespace {\n"
+         "constexpr StringEntry kEntries[] = {\n"
       << body.str()
-      << "  };\n  return entries;\n}\n\n}  // namespace resources\n";
+      << "};\n}  // namespace\n\n"
+         "std::span<const StringEntry> StringEntries() { return kEntries; }\n\n"
+         "}  // namespace resources\n";
   return out ? 0 : 1;
 }

@@ -72,9 +72,6 @@ void BM_WindowUp(benchmark::State& state) {
   }
   std::filesystem::remove_all(folder);
 }
-BENCHMARK(BM_WindowUp)->Unit(benchmark::kMillisecond);
-
-extern "C" char** environ;
 
 // Nanoseconds on the monotonic clock, as the program's trace gives them.
 long long MonotonicNow() {
@@ -125,7 +122,9 @@ void BM_WindowProcess(benchmark::State& state) {
   state.counters["notice_ms"] = benchmark::Counter(notice, benchmark::Counter::kAvgIterations);
   state.counters["page_ms"] = benchmark::Counter(page, benchmark::Counter::kAvgIterations);
 }
+// Registered first: a CSV report takes its columns from the first benchmark's counters.
 BENCHMARK(BM_WindowProcess)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(10);
+BENCHMARK(BM_WindowUp)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

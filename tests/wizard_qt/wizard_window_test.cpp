@@ -110,7 +110,9 @@ class WizardWindowTest : public QObject {
           "Data file 'C:\\Models\\Coil\\coil.dms' does not exist."}},
     };
     for (const auto& row : rows) {
-      app::SharedServices services(app::ServiceOptions{.drives = row.drives});
+      app::ServiceOptions options;
+      options.drives = row.drives;
+      app::SharedServices services(options);
       int argc = 0;
       const app::WindowStart start{argc, nullptr, EOW_EXAMPLES_DIR "/coil/Coil.bvg",
                                    services.fs, services.registry, std::nullopt,

@@ -21,7 +21,7 @@ done
 # default; a counter's name for a counter) over the repetitions.
 median() {
   awk -F, -v name="$2" -v column="${3:-real_time}" '
-    $1 == "name" { for (i = 1; i <= NF; i++) if ($i == column) c = i; next }
+    $1 == "name" { for (i = 1; i <= NF; i++) if ($i == column || $i == "\"" column "\"") c = i; next }
     index($1, "\"" name "/") == 1 && $1 ~ /_median"$/ { print $c; exit }
   ' "$out/$1.csv"
 }

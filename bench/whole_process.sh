@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # Whole-process figures: eowizard beside the plain tool that handles the same bytes, as a
 # user's script meets them. Each pair runs in alternating rounds (hyperfine, no shell in
-# between); the figure is the median over all runs of a command, the ratio that of the
-# two medians. Peak memory is the largest resident size of one run (/usr/bin/time).
+# between); a figure is the median over all runs of a command, the ratio the median of
+# the rounds' ratios. Peak memory is the largest resident size of one run (/usr/bin/time).
 #
 #   bench/whole_process.sh [EOWIZARD] [ROUNDS]
 #
-# EOWIZARD defaults to the release build's program; ROUNDS (default 10) alternating rounds
-# of 5 runs each for the quick commands, a third as many single runs for the conversion of
+# EOWIZARD defaults to the release build's program; ROUNDS (default 20) alternating rounds
+# of 3 runs each for the quick commands, a third as many single runs for the conversion of
 # the 30,000-curve model. Prints one line per comparison: figure, baseline, ratio beside
 # its target, peak memory beside its target. Needs hyperfine and /usr/bin/time (Debian
 # packages hyperfine and time; installed when missing) and gmsh (with libgmsh-dev).
@@ -15,7 +15,7 @@ set -euo pipefail
 
 root=$(cd "$(dirname "$0")/.." && pwd)
 exe=$(realpath "${1:-$root/build/default/src/app/eowizard}")
-rounds=${2:-10}
+rounds=${2:-20}
 
 missing=()
 command -v hyperfine >/dev/null || missing+=(hyperfine)
@@ -32,16 +32,23 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$root"
 
-# The median, in milliseconds, of every run of the command numbered $2 (1 or 2) in the
-# CSV exports of hyperfine's per-run times ($1: JSON exports, one per round).
-median_ms() {
-  local files=("$1"/round*.json)
+# The times in milliseconds of the command numbered $2 (1 or 2) in hyperfine's JSON
+# exports $1..., one a line.
+times_ms() {
+  local want=$1
+  shift
   # Each export lists "times": [ ... ] per command, in the order given.
-  awk -v want="$2" '
+  awk -v want="$want" '
+    FNR == 1 { n = 0 }
     /"times": \[/ { n++; inside = (n == want); next }
     inside && /\]/ { inside = 0 }
     inside { gsub(/[ ,]/, ""); if ($0 != "") print $0 * 1000 }
-  ' "${files[@]}" | sort -g | awk '{ v[NR] = $1 } END {
+  ' "$@"
+}
+
+# The median of the numbers on standard input, one a line.
+median() {
+  sort -g | awk '{ v[NR] = $1 } END {
     if (NR % 2) printf "%.2f", v[(NR + 1) / 2]; else printf "%.2f", (v[NR / 2] + v[NR / 2 + 1]) / 2 }'
 }
 
@@ -59,10 +66,15 @@ compare() {
     hyperfine -N --style none --warmup 1 --runs "$runs" --export-json "$dir/round$r.json" \
       "$baseline" "$command" >/dev/null 2>&1 || { echo "failed: $baseline / $command" >&2; exit 1; }
   done
-  local base figure ratio mem
-  base=$(median_ms "$dir" 1)
-  figure=$(median_ms "$dir" 2)
-  ratio=$(awk -v a="$figure" -v b="$base" 'BEGIN { printf "%.2f", a / b }')
+  local base figure ratio mem round
+  base=$(times_ms 1 "$dir"/round*.json | median)
+  figure=$(times_ms 2 "$dir"/round*.json | median)
+  # The ratio of each round's medians, so that a change of the machine's load between
+  # rounds falls out; the median of those.
+  ratio=$(for round in "$dir"/round*.json; do
+    awk -v a="$(times_ms 2 "$round" | median)" -v b="$(times_ms 1 "$round" | median)" \
+      'BEGIN { print a / b }'
+  done | median)
   mem=$(peak_mib $command)
   printf '%-44s %9s ms  %9s ms  %6sx (target %sx)  %6s MiB' "$name" "$figure" "$base" \
     "$ratio" "$target" "$mem"
@@ -96,13 +108,13 @@ ring=(generate "$work/Ring.bvg" --project "$work/ring/Ring.vbp"
 
 printf '%-44s %12s  %12s  %-20s  %s\n' "eowizard ... beside" "eowizard" "baseline" "ratio" \
   "peak memory"
-compare "session show --json | cat" 3 15 5 "cat $work/Coil.bvg" \
+compare "session show --json | cat" 3 15 3 "cat $work/Coil.bvg" \
   "$exe session show --json $drive $work/Coil.bvg"
-compare "session check | cat" 3 15 5 "cat $work/Coil.bvg" \
+compare "session check | cat" 3 15 3 "cat $work/Coil.bvg" \
   "$exe session check $drive $work/Coil.bvg"
-compare "session rewrite | cp" 3 15 5 "cp $work/Coil.bvg $work/copy.bvg" \
+compare "session rewrite | cp" 3 15 3 "cp $work/Coil.bvg $work/copy.bvg" \
   "$exe session rewrite $drive $work/Coil.bvg $work/rewritten.bvg"
-compare "generate actuator (model loaded) | cp -r" 3 15 5 \
+compare "generate actuator (model loaded) | cp -r" 3 15 3 \
   "cp -rT $work/act $work/act-copy" "$exe ${gen[*]}"
 compare "generate 30,000 curves converted | gmsh" 1.1 - 1 \
   "gmsh $work/ring.geo -parse_and_exit" "$exe ${ring[*]}"

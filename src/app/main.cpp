@@ -24,8 +24,9 @@ int main(int argc, char** argv) {
     if (cli.get_subcommands().empty()) return;
     for (const CLI::Option* option : cli.get_options()) {
       if (option->count() > 0 && option != cli.get_help_ptr()) {
-        throw CLI::ValidationError(
-            option->get_name(), "before a command an option is the window's; give it after it");
+        throw CLI::ValidationError(option->get_name(),
+                                   "an option before a command is the window's; a command "
+                                   "takes its options after its name");
       }
     }
   });

@@ -59,7 +59,8 @@ TEST_F(ModulesTest, OnlyWhatNeedsAModuleLoadsIt) {
        "The wizard window needs the module eowizard-window.so, which cannot be loaded"},
       {"", "--drive Q", 2, false, "drive mapping 'Q' is not of the form X=/folder"},
       {"", "--drive C=coil/drive_c session show coil/Coil.bvg", 2, false,
-       "--drive: before a command an option is the window's; give it after it"},
+       "--drive: an option before a command is the window's; a command takes its options "
+       "after its name"},
   };
   int run = 0;
   for (const Row& row : rows) {

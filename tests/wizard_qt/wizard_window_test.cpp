@@ -76,6 +76,31 @@ class WizardWindowTest : public QObject {
     QVERIFY(ui.Control<QRadioButton>("optModelLink")->isChecked());
   }
 
+  void focusGoesToThePagesFirstControlAfterStartNextAndBack() {
+    WizardFixture ui;
+    ui.Connect();
+    // Without a project Finish is disabled: the finish page begins with Help then.
+    const char* const first[wizard::kPageCount] = {
+        "btnNext", "edFile", "edLocation", "cmbType", "edModel", "lvInput", "btnOutputStandard",
+        "btnHelp"};
+    auto focused = [] {
+      return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+    };
+    QCOMPARE(focused(), QString(first[0]));
+    for (int page = 1; page < wizard::kPageCount; ++page) {
+      ui.Click("btnNext");
+      QCOMPARE(focused(), QString(first[page]));
+    }
+    for (int page = wizard::kPageCount - 2; page >= 0; --page) {
+      ui.Click("btnBack");
+      QCOMPARE(focused(), QString(first[page]));
+    }
+    // Next pressed with Enter, then typing: the text lands in the first field.
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTest::keyClicks(QApplication::focusWidget(), "typed");
+    QVERIFY(ui.Control<QLineEdit>("edFile")->text().endsWith("Generation1.bvgtyped"));
+  }
+
   void pageControlsForwardToTheForm() {
     WizardFixture ui;
     ui.Connect();

@@ -348,6 +348,22 @@ void WizardForm::ChangePage(int delta) {
   CurrentStep = static_cast<int16_t>(CurrentStep + delta);
   RefreshStep();
   Repaint();
+  FocusFirstControl();
+}
+
+void WizardForm::FocusFirstControl() {
+  if (!view_) return;
+  for (const TabStop& stop : tabOrder_) {
+    // A page may begin with a navigation button that is disabled (Finish on page 7).
+    const bool enabled = stop.control == "btnBack"     ? backEnabled_
+                         : stop.control == "btnNext"   ? nextEnabled_
+                         : stop.control == "btnFinish" ? state_.btnFinishEnabled
+                                                       : true;
+    if (enabled) {
+      view_->FocusControl(stop.control);
+      return;
+    }
+  }
 }
 
 void WizardForm::Help() {
@@ -460,7 +476,9 @@ void WizardForm::OptionChosen(Option option) {
 }
 
 void WizardForm::ShowForm() {
-  if (view_) view_->ShowForm();
+  if (!view_) return;
+  view_->ShowForm();
+  FocusFirstControl();
 }
 
 void WizardForm::HideForm() {

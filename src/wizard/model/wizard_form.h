@@ -168,6 +168,8 @@ class WizardForm {
   FileDialogSetup BrowseSetup(Browse button) const;
 
   // --- Events from the view ---
+  // Both put the focus into the new page's first control in its tab order that is
+  // enabled, as ShowForm does, so that typing goes there.
   void Next();  // ignored while btnNext is disabled
   void Back();  // ignored while btnBack is disabled
   void Help();
@@ -189,7 +191,8 @@ class WizardForm {
   // An option button was clicked; ignored while it is disabled.
   void OptionChosen(Option option);
 
-  // Shows / hides the window; the add-in's Show and Hide call these.
+  // Shows (with the focus in the page's first control) / hides the window; the add-in's
+  // Show and Hide call these.
   void ShowForm();
   void HideForm();
 
@@ -197,6 +200,7 @@ class WizardForm {
   void Load();
   void SetCaptions();
   void ChangePage(int delta);
+  void FocusFirstControl();
   bool SaveSessionOrTell();
   void Tell(const std::string& text, platform::MsgIcon icon, const std::string& title);
   void ReleaseZX();

@@ -19,7 +19,8 @@ class SessionCommandsTest : public ::testing::Test {
   // Runs eowizard with `arguments` (shell words) from the examples folder; fills out_
   // and err_ and returns the exit code (124 when it hangs for a minute).
   int Run(const std::string& arguments) {
-    const std::string command = "cd '" EOW_EXAMPLES_DIR "' && timeout 60 '" EOWIZARD_EXE "' " + arguments +
+    const std::string command = "cd '" EOW_EXAMPLES_DIR "' && timeout 60 '" EOWIZARD_EXE "' " +
+                                arguments +
                                 " </dev/null >'" + Path("out") + "' 2>'" + Path("err") + "'";
     const int status = std::system(command.c_str());
     out_ = ReadBytes(Path("out"));
@@ -78,10 +79,12 @@ TEST_F(SessionCommandsTest, SpecialFilesAreRefusedAtOnce) {
     for (const auto& [command, exitCode] : commands) {
       SCOPED_TRACE(std::string(special.kind) + ": " + command);
       const std::string rewritten = Path("rewritten.bvg");
-      const std::string out = std::string(command) == "session rewrite" ? " '" + rewritten + "'" : "";
+      const std::string out =
+          std::string(command) == "session rewrite" ? " '" + rewritten + "'" : "";
       EXPECT_EQ(Run(std::string(command) + " '" + path + "'" + out), exitCode);
-      EXPECT_NE(err_.find("eowizard: Error: Cannt open generation file '" + path + "' for reading\n"),
-                std::string::npos)
+      EXPECT_NE(
+          err_.find("eowizard: Error: Cannt open generation file '" + path + "' for reading\n"),
+          std::string::npos)
           << err_;
       EXPECT_FALSE(fs::exists(rewritten));
     }

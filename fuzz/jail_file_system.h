@@ -41,6 +41,7 @@ class JailFileSystem : public platform::FileSystem {
     return posix_.FolderExists(Mapped(path));
   }
   bool FileExists(std::string_view path) const override { return posix_.FileExists(Mapped(path)); }
+  bool Exists(std::string_view path) const override { return posix_.Exists(Mapped(path)); }
   std::string AbsolutePath(std::string_view path) const override { return std::string(path); }
   void CreateFolder(std::string_view path) override { posix_.CreateFolder(Mapped(path)); }
   void CopyFile(std::string_view from, std::string_view to) override {

@@ -3,21 +3,17 @@
 #include <fmt/ostream.h>
 #include <fmt/ranges.h>
 
-#include <numbers>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "app/model_preview.h"
+#include "wizard/model/model_picture.h"
 
 namespace app {
 namespace {
 
 std::string Point(platform::Point2 p) { return fmt::format("({}, {})", p.x, p.y); }
-
-std::string Block(std::optional<int> block) {
-  return block ? fmt::format("block {}", *block + 1) : std::string("none");
-}
 
 std::string Label(const std::string& label) {
   return label.empty() ? std::string() : fmt::format("  label \"{}\"", label);
@@ -31,16 +27,10 @@ void WriteModelListing(std::ostream& out, std::string_view file, const platform:
   fmt::print(out, "\nEdges ({}), in the order the generator numbers them:\n", edges);
   std::vector<std::vector<int>> blockEdges(model.BlockCount());
   for (int e = 0; e < edges; ++e) {
-    const platform::EdgeGeometry g = model.Edge(e);
-    std::string shape = "line";
-    if (g.angle != 0) {
-      shape = fmt::format("arc   centre {}  angle {:.6g} deg", Point(g.third),
-                          g.angle * 180 / std::numbers::pi);
-    }
     const auto left = model.EdgeLeftBlock(e);
     const auto right = model.EdgeRightBlock(e);
-    fmt::print(out, "  {:>3}  {} -> {}  {}{}  left {}, right {}\n", e + 1, Point(g.start),
-               Point(g.end), shape, Label(model.EdgeLabel(e)), Block(left), Block(right));
+    fmt::print(out, "  {:>3}  {}\n", e + 1,
+               wizard::EdgeSummary(model.Edge(e), model.EdgeLabel(e), left, right));
     if (left) blockEdges.at(*left).push_back(e + 1);
     if (right && right != left) blockEdges.at(*right).push_back(e + 1);
   }

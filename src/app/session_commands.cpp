@@ -51,10 +51,13 @@ void ReportFailedLoad(const LoadedSession& loaded, const std::string& path) {
               << "' is not a complete session file: it ends without \"[END]\", or a "
                  "parameter key comes before the DESCRIPTION of its section\n";
   }
-  if (loaded.services.fs.FolderExists(path)) {
+  const platform::FileSystem& fs = loaded.services.fs;
+  if (fs.FolderExists(path)) {
     std::cerr << "eowizard: '" << path << "' is a folder, not a session file\n";
-  } else if (!loaded.services.fs.FileExists(path)) {
+  } else if (!fs.Exists(path)) {
     std::cerr << "eowizard: there is no file '" << path << "'\n";
+  } else if (!fs.FileExists(path)) {
+    std::cerr << "eowizard: '" << path << "' is a device, FIFO or socket, not a session file\n";
   }
 }
 

@@ -122,7 +122,9 @@ bool Generator::Generate(session::FormState& form) {
   }
 
   progress_.Unload();
-  Tell(LoadResString(kGenerationSucceeded), MsgIcon::Exclamation);
+  // The box carries the exclamation icon; it is a success all the same.
+  prompter_.Show({LoadResString(kGenerationSucceeded), MsgButtons::OK, MsgIcon::Exclamation,
+                  title_, /*success=*/true});
   return true;
 }
 

@@ -17,7 +17,10 @@ class FileSystem {
   virtual std::filesystem::path ToNative(std::string_view path) const = 0;
 
   virtual bool FolderExists(std::string_view path) const = 0;
+  // A regular file (or a link to one): a device, FIFO or socket is no file.
   virtual bool FileExists(std::string_view path) const = 0;
+  // Anything at all at the path: a file, a folder, a device, a FIFO or a socket.
+  virtual bool Exists(std::string_view path) const = 0;
   // GetAbsolutePathName: the path made absolute against the current folder, in the
   // form it was given (a drive path stays a drive path).
   virtual std::string AbsolutePath(std::string_view path) const = 0;

@@ -14,6 +14,9 @@ struct Message {
   MsgButtons buttons = MsgButtons::OK;
   MsgIcon icon = MsgIcon::None;
   std::string title;  // empty: the program's default title
+  // The message reports a job done. A message box shows it with `icon` all the same; a
+  // terminal, which says the icon as a word, calls it information.
+  bool success = false;
 };
 
 class Prompter {

@@ -209,6 +209,10 @@ inline constexpr int kOutputValueColumn = 13104;  // header of lvOutput's expres
 inline constexpr int kNewOutputName = 13102;
 inline constexpr int kNothingSelected = 13103;
 
+// The basic-files page's picture of the model converted into code.
+inline constexpr int kModelPictureRefused = 14100;  // heading of the reason
+inline constexpr int kModelPictureHint = 14101;
+
 // Shared by both parameter pages and their dialogs.
 inline constexpr int kOkButton = 13200;
 inline constexpr int kNameLabel = 13201;

@@ -26,8 +26,12 @@ void CheckOpenable(const std::filesystem::path& path, FileTable::Mode mode) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
   if (status.type() == fs::file_type::none) Raise(kPermissionDenied);
-  if (fs::is_directory(status)) Raise(kPathFileAccessError);
-  if (fs::exists(status)) return;
+  if (fs::is_regular_file(status)) return;
+  // Only a regular file can be read to its end: a device may never end (/dev/zero) and a
+  // FIFO waits for a writer. Output may go to a character device such as /dev/null, but
+  // not into a FIFO (it waits for a reader), a socket or a disk.
+  if (fs::is_character_file(status) && mode == FileTable::Mode::Output) return;
+  if (fs::exists(status)) Raise(kPathFileAccessError);
   const fs::path folder = path.parent_path();
   if (!folder.empty() && !fs::is_directory(folder, error)) Raise(kPathNotFound);
   if (mode == FileTable::Mode::Input) Raise(kFileNotFound);

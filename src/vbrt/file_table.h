@@ -22,7 +22,9 @@ class FileTable {
   // Opens `path` under `number` (Output replaces the file). Throws VbError:
   // kBadFileNameOrNumber outside 1..511, kFileAlreadyOpen when the number is taken,
   // kFileNotFound / kPathNotFound / kPermissionDenied / kPathFileAccessError when the
-  // file cannot be opened.
+  // file cannot be opened. Input opens regular files only, Output regular files and
+  // character devices; anything else (a folder, a FIFO, a socket, a block device, and
+  // for Input any device) is refused at once with kPathFileAccessError.
   void Open(int number, const std::filesystem::path& path, Mode mode);
 
   // Line Input #: the next line without its end (CR LF, CR or LF). The view stays valid

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "wizard/input_page_view.h"
+#include "wizard/model_picture_view.h"
 #include "wizard/output_page_view.h"
 #include "wizard/pictures.h"
 
@@ -132,6 +133,7 @@ void BuildBasicFiles(QVBoxLayout& content) {
   sketch->addStretch();
   sketch->addWidget(Named<QPushButton>("btnCreateSketch"));
   content.addLayout(sketch);
+  content.addWidget(new ModelPictureView, 1);
 }
 
 void BuildInputs(QVBoxLayout& content) {
@@ -171,8 +173,9 @@ constexpr PageLayout kPages[] = {
     {"lblFin_Caption", nullptr, BuildFinish},
 };
 
-// Pages whose list takes the spare height; the others keep their controls at the top.
-bool Stretches(int page) { return page == 5 || page == 6; }
+// Pages whose list or model picture takes the spare height; the others keep their
+// controls at the top.
+bool Stretches(int page) { return page == 4 || page == 5 || page == 6; }
 
 }  // namespace
 

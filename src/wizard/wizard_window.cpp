@@ -16,6 +16,7 @@
 
 #include "wizard/browse_dialog.h"
 #include "wizard/input_page_view.h"
+#include "wizard/model_picture_view.h"
 #include "wizard/output_page_view.h"
 #include "wizard/qt_text.h"
 #include "wizard/wizard_pages.h"
@@ -155,6 +156,7 @@ void WizardWindow::ConnectFields() {
   const FormForwarder forward = [this](const FormAction& action) { Forward(action); };
   findChild<InputPageView*>()->Connect(forward);
   findChild<OutputPageView*>()->Connect(forward);
+  findChild<ModelPictureView*>()->Connect(forward);
 }
 
 template <typename Action>
@@ -176,6 +178,11 @@ void WizardWindow::FieldLeft(Field field) {
 }
 
 bool WizardWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress && form_ != nullptr) {
+    for (const FieldControl& control : kFields) {
+      if (watched->objectName() == control.name) form_->FieldEntered(control.field);
+    }
+  }
   if (event->type() != QEvent::FocusOut) return QDialog::eventFilter(watched, event);
   // A message box or file dialog taking the focus is no leaving of the field.
   const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
@@ -206,6 +213,7 @@ void WizardWindow::ApplyState() {
   ApplyCaptions();
   ApplyFields();
   ApplyLists();
+  findChild<ModelPictureView*>()->Show(*form_);
   ApplyFinishPage();
   pages_->setCurrentIndex(form_->CurrentStep);
   ApplyButtons();

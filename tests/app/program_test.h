@@ -13,9 +13,10 @@
 class ProgramTest : public ::testing::Test {
  protected:
   // Runs eowizard with `arguments` (shell words) and `environment` (shell assignments, or
-  // an env command, put before it); fills out_ and err_ and returns the exit code.
+  // an env command, put before it); fills out_ and err_ and returns the exit code (124
+  // when it hangs for a minute).
   int Run(const std::string& arguments, const std::string& environment = "") {
-    const std::string command = "cd '" EOW_EXAMPLES_DIR "' && " + environment + " '" EOWIZARD_EXE
+    const std::string command = "cd '" EOW_EXAMPLES_DIR "' && " + environment + " timeout 60 '" EOWIZARD_EXE
                                 "' " + arguments + " </dev/null >'" + Path("out") + "' 2>'" +
                                 Path("err") + "'";
     const int status = std::system(command.c_str());

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "program_test.h"
+#include "../platform/special_files.h"
 
 namespace {
 
@@ -38,6 +39,31 @@ TEST_F(SessionCommandsTest, ShowTellsWhyALoadFailed) {
 
   EXPECT_EQ(Run("session show " + Session("cut.bvg", "[GENERAL]\r\nAUTHOR=x\r\n\r\n")), 1);
   EXPECT_NE(err_.find("is not a complete session file"), std::string::npos) << err_;
+}
+
+// A device, FIFO, socket or folder gets the reader's own failure at once from every
+// command that reads a session; nothing is written.
+TEST_F(SessionCommandsTest, SpecialFilesAreRefusedAtOnce) {
+  const struct {
+    const char* command;
+    int exitCode;
+  } commands[] = {{"session show", 1}, {"session check", 2},
+                  {"session rewrite", 1}, {"generate", 1}};
+  for (const SpecialFile& special : SpecialFiles(scratch_)) {
+    const std::string path = special.path.string();
+    for (const auto& [command, exitCode] : commands) {
+      SCOPED_TRACE(std::string(special.kind) + ": " + command);
+      const std::string rewritten = Path("rewritten.bvg");
+      const std::string out =
+          std::string(command) == "session rewrite" ? " '" + rewritten + "'" : "";
+      EXPECT_EQ(Run(std::string(command) + " '" + path + "'" + out), exitCode);
+      EXPECT_NE(
+          err_.find("eowizard: Error: Cannt open generation file '" + path + "' for reading\n"),
+          std::string::npos)
+          << err_;
+      EXPECT_FALSE(fs::exists(rewritten));
+    }
+  }
 }
 
 TEST_F(SessionCommandsTest, JsonIsPrintedAfterAFailedLoadToo) {

@@ -61,6 +61,7 @@ TEST_F(GeneratorTest, WritesTheProjectAndCopiesTheBasicFiles) {
   EXPECT_EQ(LastMessage().text, "Your ExploringObject project was succesfully created.");
   EXPECT_EQ(LastMessage().title, "Zentrix Bravant ExploringObject Wizard");
   EXPECT_EQ(LastMessage().icon, MsgIcon::Exclamation);
+  EXPECT_TRUE(LastMessage().success);  // a terminal calls it information
   EXPECT_EQ(form_.FilesFolder, "\\Coil_Files");
   EXPECT_EQ(Read("proj/Coil_Files/Coil_Basic.mod"), "model");
   EXPECT_EQ(Read("proj/Coil_Files/Coil_Basic.dht"), "data");

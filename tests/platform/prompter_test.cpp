@@ -25,16 +25,29 @@ struct Console {
   ConsolePrompter prompter;
 };
 
-TEST(ConsolePrompter, PrintsTitleIconAndTextAndNeedsNoAnswerForOk) {
-  Console console(false);
-  EXPECT_EQ(console.prompter.Show(kNotice), MsgAnswer::OK);
-  EXPECT_EQ(console.out.str(),
-            "[Wizard] Information: The object 'Sondel.Coil' has registered yet\n");
-  Console plain(false);
-  plain.prompter.Show({"x", MsgButtons::OK, MsgIcon::Critical, ""});
-  // A text that already says "Error:" does not get the word twice.
-  plain.prompter.Show({"Error: y", MsgButtons::OK, MsgIcon::Critical, ""});
-  EXPECT_EQ(plain.out.str(), "[eowizard] Error: x\n[eowizard] Error: y\n");
+// Each icon is a word before the text; a success reads as information whatever its icon,
+// and a text that already opens with the word does not get it twice.
+TEST(ConsolePrompter, PrintsTitleIconWordAndTextAndNeedsNoAnswerForOk) {
+  const struct {
+    Message message;
+    const char* line;
+  } cases[] = {
+      {kNotice, "[Wizard] Information: The object 'Sondel.Coil' has registered yet\n"},
+      {{"x", MsgButtons::OK, MsgIcon::Critical, ""}, "[eowizard] Error: x\n"},
+      {{"Error: y", MsgButtons::OK, MsgIcon::Critical, ""}, "[eowizard] Error: y\n"},
+      {{"Folder missing", MsgButtons::OK, MsgIcon::Exclamation, "W"},
+       "[W] Warning: Folder missing\n"},
+      {{"Done?", MsgButtons::OK, MsgIcon::Question, "W"}, "[W] Question: Done?\n"},
+      {{"Plain", MsgButtons::OK, MsgIcon::None, "W"}, "[W] Plain\n"},
+      {{"Created.", MsgButtons::OK, MsgIcon::Exclamation, "W", true},
+       "[W] Information: Created.\n"},
+  };
+  for (const auto& [message, line] : cases) {
+    SCOPED_TRACE(line);
+    Console console(false);
+    EXPECT_EQ(console.prompter.Show(message), MsgAnswer::OK);
+    EXPECT_EQ(console.out.str(), line);
+  }
 }
 
 TEST(ConsolePrompter, PolicyAnswersQuestions) {

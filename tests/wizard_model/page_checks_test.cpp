@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "../platform/scratch_folder.h"
+#include "../platform/special_files.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/prompt/scripted_prompter.h"
 #include "platform/regfile/registry_files.h"
@@ -190,6 +191,31 @@ TEST_F(SessionFileTest, EmptyOrNewPathDoesNothing) {
   EXPECT_TRUE(prompter_.shown.empty());
   EXPECT_TRUE(changed_);
   EXPECT_FALSE(table_.IsOpen(1));
+}
+
+// A device, FIFO, socket or folder is no basic file, and no session: the session page
+// gets the reader's failure at once, without asking whether to load over the settings.
+TEST_F(SessionFileTest, SpecialFilesAreNoFiles) {
+  for (const SpecialFile& special : SpecialFiles(scratch_)) {
+    SCOPED_TRACE(special.kind);
+    const std::string path = special.path.string();
+    const std::pair<TextField, std::string> basicFiles[] = {
+        {TextField::Model, "Model"}, {TextField::Data, "Data"}, {TextField::Sketch, "Sketch"}};
+    for (const auto& [field, what] : basicFiles) {
+      form_.SetText(field, path);
+      ExpectTold(what + " file '" + path + "' does not exist.", MsgIcon::Information);
+    }
+    EXPECT_EQ(form_.theModel + form_.theData + form_.theSketch, "");
+    EXPECT_FALSE(form_.optModelLink.enabled);
+
+    form_.edFile = path;
+    changed_ = true;
+    EXPECT_FALSE(Leave());
+    ExpectTold("Error: Cannt open generation file '" + path + "' for reading",
+               MsgIcon::Exclamation);
+    EXPECT_TRUE(changed_);
+    EXPECT_FALSE(table_.IsOpen(1));
+  }
 }
 
 }  // namespace

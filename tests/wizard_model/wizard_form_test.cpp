@@ -258,6 +258,8 @@ TEST_F(WizardTest, ChangedSettingsAskBeforeASessionIsLoaded) {
   const std::string path = InScratch("saved.bvg");
   ASSERT_TRUE(session::SaveSession(saved, {files, files_}, path, message)) << message;
   form.Next();  // the session-file page: the settings count as changed now
+  EXPECT_THAT(view_.focused, ElementsAre("btnNext", "edFile"));  // each page's first control
+  view_.focused.clear();
   form.TextEdited(Field::Author, "Typed Author");
   const auto leaveFileField = [&] {
     form.TextEdited(Field::File, path);
@@ -280,6 +282,27 @@ TEST_F(WizardTest, ChangedSettingsAskBeforeASessionIsLoaded) {
   leaveFileField();
   EXPECT_EQ(form.State().edAuthor, "Saved Author");
   EXPECT_FALSE(form.SettingsChanged);
+}
+
+// A page change puts the focus into the page's first field; passing on without touching
+// it is no leaving of it (an unexpected question would fail the test here).
+TEST_F(WizardTest, PassingByAPagesFirstFieldChecksNothingUntilItIsClickedOrTyped) {
+  WizardForm& form = Start();
+  session::FormState saved;
+  vbrt::FileTable files;
+  std::string message;
+  ASSERT_TRUE(session::SaveSession(saved, {files, files_}, InScratch("s.bvg"), message));
+  form.State().edFile = InScratch("s.bvg");
+  form.Next();
+  form.FieldLeft(Field::File);
+  EXPECT_TRUE(prompter_.shown.empty());
+  form.Back();
+  form.Next();
+  form.FieldEntered(Field::File);
+  prompter_.Answer(MsgAnswer::No);
+  form.FieldLeft(Field::File);
+  ExpectTold(prompter_, "Load old Exploring Object Wizard saving ?", MsgIcon::Question,
+             MsgButtons::YesNoCancel);
 }
 
 TEST_F(WizardTest, HelpShowsThePageTopicBesideTheProgramFolder) {

@@ -18,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "../generator/converter_model.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/prompt/scripted_prompter.h"
 #include "platform/regfile/registry_files.h"
@@ -29,12 +30,20 @@
 
 namespace wizard_test {
 
+// Opens a basic model for the fake analysis application; throws vbrt::VbError to refuse.
+using ModelOpener = std::function<std::unique_ptr<platform::BasicModel>(std::string_view path)>;
+
 class FakeAnalysis : public platform::AnalysisApplication {
  public:
+  explicit FakeAnalysis(const ModelOpener& open) : open_(open) {}
   std::string ProductName() const override { return "Zentrix 5.2"; }
-  std::unique_ptr<platform::BasicModel> OpenModel(std::string_view) override {
+  std::unique_ptr<platform::BasicModel> OpenModel(std::string_view path) override {
+    if (open_) return open_(path);
     throw vbrt::VbError(vbrt::kFileNotFound, "File not found");
   }
+
+ private:
+  const ModelOpener& open_;
 };
 
 class RecordingHelp : public platform::HelpViewer {
@@ -49,7 +58,7 @@ class WizardFixture {
   // `realGeneration`, runs the generator with its progress window.
   explicit WizardFixture(bool realGeneration = false)
       : services{fs, registry, prompter, help, Path("program"), Path("user"),
-                  [] { return std::make_unique<FakeAnalysis>(); },
+                  [this] { return std::make_unique<FakeAnalysis>(openModel); },
                   [this, realGeneration](wizard::WizardForm& form) {
                     if (realGeneration)
                       return wizard::GenerationWithProgressWindow(fs, registry, prompter)(form);
@@ -92,6 +101,37 @@ class WizardFixture {
     QTest::keyClick(edit, Qt::Key_Tab);
   }
 
+  // Loads the converter example, whose model is converted into code, and shows the
+  // basic-files page. The model opens as the example's, or, while `refusal` is set, it
+  // is refused as "Cannot read the basic model '<path>': <refusal>".
+  void ShowConverterModel() {
+    openModel = [this](std::string_view path) -> std::unique_ptr<platform::BasicModel> {
+      if (!refusal.empty()) {
+        throw vbrt::VbError(1004, "Cannot read the basic model '" + std::string(path) +
+                                      "': " + refusal);
+      }
+      return std::make_unique<generator::test::FakeBasicModel>(generator::test::ConverterModel());
+    };
+    Connect();
+    Click("btnNext");
+    prompter.Answer(platform::MsgAnswer::Yes);
+    TypeAndLeave("edFile", EOW_EXAMPLES_DIR "/converter/Converter.bvg");
+    GoToPage(4);
+  }
+
+  // Clicks the middle of edge `edge` (0-based) where the form draws it in the picture.
+  void ClickEdge(int edge) {
+    QWidget* canvas = Control("imgModel");
+    const wizard::Drawing drawing = addIn.Form()->Picture().Draw(
+        {static_cast<double>(canvas->width()), static_cast<double>(canvas->height())});
+    const wizard::DrawnEdge& drawn = drawing.edges.at(edge);
+    const platform::Point2 at =
+        drawn.radius > 0 ? drawn.trace[drawn.trace.size() / 2]
+                         : platform::Point2{(drawn.start.x + drawn.end.x) / 2,
+                                            (drawn.start.y + drawn.end.y) / 2};
+    QTest::mouseClick(canvas, Qt::LeftButton, {}, QPoint(qRound(at.x), qRound(at.y)));
+  }
+
   int Page() const { return window->findChild<QStackedWidget*>()->currentIndex(); }
   void GoToPage(int page) {
     while (Page() < page) Click("btnNext");
@@ -103,6 +143,8 @@ class WizardFixture {
   platform::ScriptedPrompter prompter;
   RecordingHelp help;
   platform::VbFilesEnvironment environment{fs, registry};
+  ModelOpener openModel;  // none: every basic model is refused as not found
+  std::string refusal;    // see ShowConverterModel
   bool generationResult = true;
   int generations = 0;
   QPointer<wizard::WizardWindow> window;

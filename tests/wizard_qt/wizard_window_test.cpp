@@ -12,6 +12,7 @@
 using platform::MsgAnswer;
 using wizard_test::WizardFixture;
 
+
 class WizardWindowTest : public QObject {
   Q_OBJECT
 
@@ -78,6 +79,75 @@ class WizardWindowTest : public QObject {
     QVERIFY(ui.Control<QRadioButton>("optModelLink")->isChecked());
   }
 
+  void focusGoesToThePagesFirstControlAfterStartNextAndBack() {
+    WizardFixture ui;
+    ui.Connect();
+    auto focused = [] {
+      return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+    };
+    QCOMPARE(focused(), QString("btnNext"));
+    // Without a project the finish page begins with Help, as Finish is disabled.
+    ui.GoToPage(7);
+    QCOMPARE(focused(), QString("btnHelp"));
+    for (int i = 0; i < 6; ++i) ui.Click("btnBack");  // to the session-file page: load one
+    ui.prompter.Answer(MsgAnswer::Yes);
+    ui.TypeAndLeave("edFile", EOW_EXAMPLES_DIR "/heater/Heater.bvg");
+    ui.Click("btnBack");
+
+    // Passing by the pages checks none of their fields: nothing is asked or told (the
+    // prompter would fail the test), though the session file and the model exist.
+    const char* const first[wizard::kPageCount] = {
+        "btnNext", "edFile", "edLocation", "cmbType", "edModel", "lvInput", "btnOutputStandard",
+        "btnFinish"};
+    for (int page = 1; page < wizard::kPageCount; ++page) {
+      ui.Click("btnNext");
+      QCOMPARE(focused(), QString(first[page]));
+    }
+    for (int page = wizard::kPageCount - 2; page >= 0; --page) {
+      ui.Click("btnBack");
+      QCOMPARE(focused(), QString(first[page]));
+    }
+    // Next pressed with Enter, then typing: the text lands in the first field.
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTest::keyClicks(QApplication::focusWidget(), "typed");
+    QVERIFY(ui.Control<QLineEdit>("edFile")->text().endsWith("Heater.bvgtyped"));
+    QVERIFY(ui.prompter.shown.size() == 1 && ui.prompter.Pending() == 0);  // the load's question
+  }
+
+  void basicFilesPageShowsTheConvertedModelOrWhyItIsRefused() {
+    WizardFixture ui;
+    ui.ShowConverterModel();
+    QWidget* canvas = ui.Control("imgModel");
+    auto* edge = ui.Control<QLabel>("lblModelEdge");
+    auto* reason = ui.Control<QLabel>("lblModelReason");
+    QVERIFY(canvas->isVisible() && !reason->isVisible());
+    QCOMPARE(canvas->focusPolicy(), Qt::NoFocus);  // the page's tab order stays
+    QCOMPARE(edge->text(), QString("Click an edge to see its number, end points and label."));
+    ui.ClickEdge(2);
+    QVERIFY2(edge->text().startsWith("Edge 3: (40, 20) -> (4, 32)  arc") &&
+                 edge->text().contains("label \"Shell\""),
+             qPrintable(edge->text()));
+    // The picture grows with the window; clicks find the edges where they are now drawn.
+    const QSize before = canvas->size();
+    ui.window->resize(ui.window->width() + 200, ui.window->height() + 200);
+    QTRY_VERIFY(canvas->width() > before.width() && canvas->height() > before.height());
+    ui.ClickEdge(6);
+    QCOMPARE(edge->text(),
+             QString("Edge 7: (10, 13) -> (28, 13)  line  left block 1, right block 2"));
+
+    // Read again when the page comes into view: now the model is refused, and why is said.
+    ui.refusal = "curve 3 is an elliptic arc";
+    ui.Click("btnBack");
+    ui.Click("btnNext");
+    QVERIFY(!canvas->isVisible() && reason->isVisible());
+    QCOMPARE(reason->text(), QString("This basic model cannot be converted into code:\nCannot read "
+                                     "the basic model 'examples/converter/Converter.geo': curve 3 "
+                                     "is an elliptic arc"));
+    // Loaded from file, the model is not converted: nothing to show.
+    QTest::mouseClick(ui.Control<QRadioButton>("optModelLink"), Qt::LeftButton);
+    QVERIFY(!canvas->isVisible() && !reason->isVisible());
+  }
+
   void pageControlsForwardToTheForm() {
     WizardFixture ui;
     ui.Connect();
@@ -116,7 +186,10 @@ class WizardWindowTest : public QObject {
       int argc = 0;
       const app::WindowStart start{argc, nullptr, EOW_EXAMPLES_DIR "/coil/Coil.bvg",
                                    services.fs, services.registry, std::nullopt,
-                                   [] { return std::make_unique<wizard_test::FakeAnalysis>(); }};
+                                   [] {
+                                     static const wizard_test::ModelOpener kNoModels;
+                                     return std::make_unique<wizard_test::FakeAnalysis>(kNoModels);
+                                   }};
       platform::ScriptedPrompter boxes;
       app::WizardHost host(start, boxes);
       QVERIFY(host.Connect());

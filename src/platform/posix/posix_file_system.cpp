@@ -119,8 +119,13 @@ bool PosixFileSystem::FolderExists(std::string_view path) const {
 bool PosixFileSystem::FileExists(std::string_view path) const {
   if (path.empty()) return false;
   std::error_code ec;
-  const fs::file_status status = fs::status(ToNative(path), ec);
-  return fs::exists(status) && !fs::is_directory(status);
+  return fs::is_regular_file(ToNative(path), ec);
+}
+
+bool PosixFileSystem::Exists(std::string_view path) const {
+  if (path.empty()) return false;
+  std::error_code ec;
+  return fs::exists(ToNative(path), ec);
 }
 
 std::string PosixFileSystem::AbsolutePath(std::string_view path) const {

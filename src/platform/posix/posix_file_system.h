@@ -42,6 +42,7 @@ class PosixFileSystem : public FileSystem {
   std::filesystem::path ToNative(std::string_view path) const override;
   bool FolderExists(std::string_view path) const override;
   bool FileExists(std::string_view path) const override;
+  bool Exists(std::string_view path) const override;
   std::string AbsolutePath(std::string_view path) const override;
   void CreateFolder(std::string_view path) override;
   void CopyFile(std::string_view from, std::string_view to) override;

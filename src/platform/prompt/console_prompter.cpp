@@ -46,7 +46,7 @@ ConsolePrompter::ConsolePrompter(std::istream& in, std::ostream& out, bool inter
 MsgAnswer ConsolePrompter::Show(const Message& message) {
   out_ << '[' << (message.title.empty() ? kDefaultTitle : message.title.c_str()) << "] ";
   // Many of the system's texts already open with "Error: "; the word is not said twice.
-  if (const char* word = IconWord(message.icon);
+  if (const char* word = IconWord(message.success ? MsgIcon::Information : message.icon);
       word && !message.text.starts_with(std::string(word) + ":")) {
     out_ << word << ": ";
   }

@@ -17,7 +17,8 @@ class ConsolePrompter : public Prompter {
   ConsolePrompter(std::istream& in, std::ostream& out, bool interactive,
                   std::optional<MsgAnswer> policy);
 
-  // Prints the title, a word for the icon and the text. An OK box returns OK at once. On a
+  // Prints the title, a word for the icon ("Error", "Question", "Warning", "Information";
+  // "Information" for a success whatever its icon) and the text. An OK box returns OK at once. On a
   // terminal, y/n/c (either case) answer and other input asks again; the end of input
   // answers Cancel (No for a Yes/No question).
   MsgAnswer Show(const Message& message) override;

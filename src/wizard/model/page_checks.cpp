@@ -59,8 +59,11 @@ bool PageChecks::SessionFileLeft(session::FormState& form, session::SessionIo io
                                  bool& settingsChanged) {
   if (form.edFile.empty()) return false;
   const std::string path = fs_.AbsolutePath(form.edFile);
-  if (!fs_.FileExists(path)) return false;  // saving will create it
-  if (settingsChanged) {
+  if (!fs_.Exists(path)) return false;  // saving will create it
+  // A folder, device, FIFO or socket is no session: the reader refuses it at once, so
+  // there is nothing to ask, and the settings stay as changed as they were.
+  const bool file = fs_.FileExists(path);
+  if (settingsChanged && file) {
     const MsgAnswer answer = prompter_.Show({LoadResString(kLoadSessionQuestion),
                                              MsgButtons::YesNoCancel, MsgIcon::Question,
                                              LoadResString(kAppTitle)});
@@ -69,7 +72,7 @@ bool PageChecks::SessionFileLeft(session::FormState& form, session::SessionIo io
   }
   std::string message;
   if (!session::LoadSession(form, io, path, message)) Tell(message, MsgIcon::Exclamation);
-  settingsChanged = false;
+  if (file) settingsChanged = false;
   return false;
 }
 

@@ -27,8 +27,9 @@ class PageChecks : public session::FieldHandlers {
 
   // edFile lost the focus. An existing session file is loaded; when `settingsChanged`
   // the user is asked first (Yes loads, No keeps the settings, Cancel keeps them too).
-  // After a load attempt `settingsChanged` is false. True when the focus must go back to
-  // edFile (the user cancelled).
+  // After a load attempt `settingsChanged` is false. A folder, device, FIFO or socket
+  // gets the reader's failure at once, without the question. True when the focus must go
+  // back to edFile (the user cancelled).
   bool SessionFileLeft(session::FormState& form, session::SessionIo io, bool& settingsChanged);
 
   // edLocation lost the focus: sets theName and theLocation from the project path and

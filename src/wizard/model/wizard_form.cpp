@@ -19,6 +19,8 @@ using platform::MsgButtons;
 using platform::MsgIcon;
 using namespace resources;  // LoadResString and the string numbers
 
+constexpr int16_t kBasicFilesPage = 4;
+
 // The help file lies two folders above the program folder; the topic is appended to the
 // program folder as it stands.
 constexpr std::array<std::string_view, kPageCount> kHelpTopics = {
@@ -97,6 +99,12 @@ std::vector<TabStop> InOrder(std::initializer_list<const char*> controls) {
   }
   return stops;
 }
+
+// The text fields by their controls' names.
+constexpr std::pair<std::string_view, Field> kFieldControls[] = {
+    {"edFile", Field::File},   {"edLocation", Field::Location}, {"edAuthor", Field::Author},
+    {"edModel", Field::Model}, {"edData", Field::Data},         {"edSketch", Field::Sketch},
+};
 
 std::string& TextOf(session::FormState& state, Field field) {
   switch (field) {
@@ -347,7 +355,27 @@ void WizardForm::ChangePage(int delta) {
   inputs_.EditorLeft();
   CurrentStep = static_cast<int16_t>(CurrentStep + delta);
   RefreshStep();
+  picture_.Forget();  // the model's file may have changed since the page was on view
   Repaint();
+  FocusFirstControl();
+}
+
+void WizardForm::FocusFirstControl() {
+  if (!view_) return;
+  for (const TabStop& stop : tabOrder_) {
+    // A page may begin with a navigation button that is disabled (Finish on page 7).
+    const bool enabled = stop.control == "btnBack"     ? backEnabled_
+                         : stop.control == "btnNext"   ? nextEnabled_
+                         : stop.control == "btnFinish" ? state_.btnFinishEnabled
+                                                       : true;
+    if (enabled) {
+      for (const auto& [name, field] : kFieldControls) {
+        if (name == stop.control) untouched_.insert(field);
+      }
+      view_->FocusControl(stop.control);
+      return;
+    }
+  }
 }
 
 void WizardForm::Help() {
@@ -396,10 +424,15 @@ bool WizardForm::Finish() {
 }
 
 void WizardForm::TextEdited(Field field, std::string text) {
+  untouched_.erase(field);
   TextOf(state_, field) = std::move(text);
 }
 
+void WizardForm::FieldEntered(Field field) { untouched_.erase(field); }
+
 void WizardForm::FieldLeft(Field field) {
+  // Passing by a page is no visit of its first field: nothing is asked or told then.
+  if (untouched_.erase(field) > 0) return;
   switch (field) {
     case Field::File:
       if (checks_.SessionFileLeft(state_, Io(), SettingsChanged) && view_) {
@@ -411,6 +444,7 @@ void WizardForm::FieldLeft(Field field) {
       break;
     case Field::Model:
       checks_.ModelLeft(state_);
+      picture_.Forget();  // leaving the field reads its model again
       break;
     case Field::Data:
       checks_.DataLeft(state_);
@@ -460,7 +494,9 @@ void WizardForm::OptionChosen(Option option) {
 }
 
 void WizardForm::ShowForm() {
-  if (view_) view_->ShowForm();
+  if (!view_) return;
+  view_->ShowForm();
+  FocusFirstControl();
 }
 
 void WizardForm::HideForm() {
@@ -481,6 +517,7 @@ void WizardForm::Tell(const std::string& text, MsgIcon icon, const std::string& 
 void WizardForm::ReleaseZX() { zx_.reset(); }
 
 void WizardForm::Repaint() {
+  if (CurrentStep == kBasicFilesPage) picture_.Update(state_, zx_.get(), services_.fs);
   if (view_) view_->Repaint();
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,7 @@
 #include "session/form_state.h"
 #include "session/session_file.h"
 #include "vbrt/file_table.h"
+#include "wizard/model/basic_files_picture.h"
 #include "wizard/model/input_page.h"
 #include "wizard/model/output_page.h"
 #include "wizard/model/page_checks.h"
@@ -149,6 +151,9 @@ class WizardForm {
   // The input and output parameter pages (5 and 6).
   InputPage& Inputs() { return inputs_; }
   OutputPage& Outputs() { return outputs_; }
+  // The picture of the model converted into code on the basic-files page (4): read when
+  // the page comes into view, and again when the model's path or option changes there.
+  BasicFilesPicture& Picture() { return picture_; }
   bool BackEnabled() const { return backEnabled_; }
   bool NextEnabled() const { return nextEnabled_; }
   bool FinishEnabled() const { return state_.btnFinishEnabled; }
@@ -168,6 +173,8 @@ class WizardForm {
   FileDialogSetup BrowseSetup(Browse button) const;
 
   // --- Events from the view ---
+  // Both put the focus into the new page's first control in its tab order that is
+  // enabled, as ShowForm does, so that typing goes there.
   void Next();  // ignored while btnNext is disabled
   void Back();  // ignored while btnBack is disabled
   void Help();
@@ -179,7 +186,11 @@ class WizardForm {
   bool Finish();
   // The user typed into a field; nothing is checked until the field is left.
   void TextEdited(Field field, std::string text);
-  // The field lost the focus: its check runs (fields without one do nothing).
+  // The user clicked into the field.
+  void FieldEntered(Field field);
+  // The field lost the focus: its check runs (fields without one do nothing). A field
+  // that has the focus only because its page came into view, and that the user has
+  // neither typed in nor clicked into since, is passed by, not left: it is not checked.
   void FieldLeft(Field field);
   // A file was chosen in the browse button's dialog: it goes into the field and the
   // field's check runs, as if typed and left.
@@ -189,7 +200,8 @@ class WizardForm {
   // An option button was clicked; ignored while it is disabled.
   void OptionChosen(Option option);
 
-  // Shows / hides the window; the add-in's Show and Hide call these.
+  // Shows (with the focus in the page's first control) / hides the window; the add-in's
+  // Show and Hide call these.
   void ShowForm();
   void HideForm();
 
@@ -197,6 +209,7 @@ class WizardForm {
   void Load();
   void SetCaptions();
   void ChangePage(int delta);
+  void FocusFirstControl();
   bool SaveSessionOrTell();
   void Tell(const std::string& text, platform::MsgIcon icon, const std::string& title);
   void ReleaseZX();
@@ -207,6 +220,8 @@ class WizardForm {
   PageChecks checks_;
   InputPage inputs_;
   OutputPage outputs_;
+  BasicFilesPicture picture_;
+  std::set<Field> untouched_;  // given the focus by a page change, not touched since
   vbrt::FileTable files_;
   std::unique_ptr<platform::AnalysisApplication> zx_;
 

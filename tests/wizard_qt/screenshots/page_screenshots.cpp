@@ -1,5 +1,6 @@
 // Saves a picture of every page of the wizard filled from the heater example, of the
-// cell editors and dialogs of the parameter pages, of the finish page without a project,
+// cell editors and dialogs of the parameter pages, of the basic-files page with the
+// converter example's model picture, of the finish page without a project,
 // and of the progress and start-up windows into the build folder, for a person to look at.
 #include <QComboBox>
 #include <QDir>
@@ -33,6 +34,24 @@ class PageScreenshots : public QObject {
       if (page == 6) SaveDialog(ui, "btnOutputCustom", "dlgOutput.png");
       ui.Click("btnNext");
     }
+  }
+
+  // The converter example, whose model is converted into code, with edge 3 clicked; and
+  // the same page for a model that cannot be converted.
+  void basicFilesPageWithTheModelPicture() {
+    WizardFixture ui;
+    ui.ShowConverterModel();
+    ui.ClickEdge(2);
+    QTest::qWait(50);  // the window grows to the picture's room
+    Save(ui.window, "page4-model-picture.png");
+    ui.window->resize(1000, 760);
+    QTest::qWait(50);
+    Save(ui.window, "page4-model-picture-large.png");
+    ui.refusal = "curve 3 is a full circle; split it into arcs with different end points to "
+                 "convert it";
+    ui.Click("btnBack");
+    ui.Click("btnNext");
+    Save(ui.window, "page4-model-refused.png");
   }
 
   void finishPageWithoutProject() {

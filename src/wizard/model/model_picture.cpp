@@ -1,0 +1,344 @@
+#include "wizard/model/model_picture.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <limits>
+#include <map>
+#include <numbers>
+#include <utility>
+
+namespace wizard {
+namespace {
+
+constexpr double kNaturalLongerSide = 760;
+constexpr double kNaturalMargin = 60;
+constexpr int kArcSteps = 32;
+constexpr double kNumberDistance = 12;    // from the middle of its edge, on the left
+constexpr double kVertexLabelOffset = 7;  // right of and above the vertex
+constexpr double kArrowHalfLength = 6.75;
+constexpr double kArrowHalfWidth = 5.4;
+
+const char* const kShades[] = {"#f4c28a", "#9fc9eb", "#b5dba0", "#e7a6b8",
+                               "#d2bfe6", "#f2e394", "#9fd9d0", "#d9b99b"};
+const char* const kUnlabelledShade = "#e4e4e4";
+const char* const kEdgeColour = "#333";
+const char* const kSelectedEdgeColour = "#e8590c";
+constexpr double kEdgeWidth = 1.5;
+constexpr double kSelectedEdgeWidth = 3;
+const char* const kEdgeNumberColour = "#225";
+const char* const kVertexLabelColour = "#a00";
+const char* const kBlockLabelColour = "#000";
+const char* const kIsolatedOutline = "#c00";
+constexpr double kVertexRadius = 3.5;
+constexpr double kIsolatedOutlineWidth = 2;
+
+Point2 Plus(Point2 a, Point2 b) { return {a.x + b.x, a.y + b.y}; }
+Point2 Minus(Point2 a, Point2 b) { return {a.x - b.x, a.y - b.y}; }
+Point2 Times(Point2 a, double k) { return {a.x * k, a.y * k}; }
+
+// Points from the edge's start to its end; an arc turns by its angle about its centre.
+std::vector<Point2> Trace(const platform::EdgeGeometry& g) {
+  if (g.angle == 0) return {g.start, g.end};
+  std::vector<Point2> points;
+  const Point2 radius = Minus(g.start, g.third);
+  for (int i = 0; i <= kArcSteps; ++i) {
+    const double t = g.angle * i / kArcSteps;
+    points.push_back({g.third.x + radius.x * std::cos(t) - radius.y * std::sin(t),
+                      g.third.y + radius.x * std::sin(t) + radius.y * std::cos(t)});
+  }
+  // The ends exactly as the model gives them, so that the edges of a block meet.
+  points.front() = g.start;
+  points.back() = g.end;
+  return points;
+}
+
+// The closed loops around a block, from its edges oriented so that the block lies on
+// their left; edges that do not close a loop end one where they stop.
+std::vector<std::vector<Point2>> BlockLoops(const std::vector<std::vector<Point2>>& pieces) {
+  std::vector<std::vector<Point2>> loops;
+  std::vector<bool> used(pieces.size());
+  for (size_t first = 0; first < pieces.size(); ++first) {
+    if (used[first]) continue;
+    std::vector<Point2> loop;
+    for (size_t at = first; at < pieces.size();) {
+      used[at] = true;
+      loop.insert(loop.end(), pieces[at].begin(), pieces[at].end() - 1);
+      const Point2 end = pieces[at].back();
+      at = pieces.size();
+      for (size_t next = 0; next < pieces.size(); ++next) {
+        if (!used[next] && pieces[next].front().x == end.x && pieces[next].front().y == end.y) {
+          at = next;
+          break;
+        }
+      }
+    }
+    loops.push_back(std::move(loop));
+  }
+  return loops;
+}
+
+bool Inside(Point2 p, const std::vector<std::vector<Point2>>& loops) {
+  bool inside = false;
+  for (const auto& loop : loops) {
+    for (size_t i = 0, j = loop.size() - 1; i < loop.size(); j = i++) {
+      const Point2 a = loop[i], b = loop[j];
+      if ((a.y > p.y) != (b.y > p.y) && p.x < (b.x - a.x) * (p.y - a.y) / (b.y - a.y) + a.x) {
+        inside = !inside;
+      }
+    }
+  }
+  return inside;
+}
+
+double DistanceToSegment(Point2 p, Point2 a, Point2 b) {
+  const Point2 d = Minus(b, a);
+  const double length2 = d.x * d.x + d.y * d.y;
+  const double t =
+      length2 > 0 ? std::clamp(((p.x - a.x) * d.x + (p.y - a.y) * d.y) / length2, 0.0, 1.0) : 0;
+  return std::hypot(p.x - a.x - t * d.x, p.y - a.y - t * d.y);
+}
+
+double DistanceToLoops(Point2 p, const std::vector<std::vector<Point2>>& loops) {
+  double best = std::numeric_limits<double>::max();
+  for (const auto& loop : loops) {
+    for (size_t i = 0, j = loop.size() - 1; i < loop.size(); j = i++) {
+      best = std::min(best, DistanceToSegment(p, loop[j], loop[i]));
+    }
+  }
+  return best;
+}
+
+// The point of a grid over the block farthest from its boundary, where its label reads best.
+Point2 LabelPlace(const std::vector<std::vector<Point2>>& loops) {
+  Point2 low{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
+  Point2 high{std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
+  for (const auto& loop : loops) {
+    for (const Point2& p : loop) {
+      low = {std::min(low.x, p.x), std::min(low.y, p.y)};
+      high = {std::max(high.x, p.x), std::max(high.y, p.y)};
+    }
+  }
+  constexpr int kGrid = 24;
+  Point2 best = loops.front().front();
+  double bestDistance = -1;
+  for (int i = 1; i < kGrid; ++i) {
+    for (int j = 1; j < kGrid; ++j) {
+      const Point2 p{low.x + (high.x - low.x) * i / kGrid, low.y + (high.y - low.y) * j / kGrid};
+      if (!Inside(p, loops)) continue;
+      const double distance = DistanceToLoops(p, loops);
+      if (distance > bestDistance) {
+        best = p;
+        bestDistance = distance;
+      }
+    }
+  }
+  return best;
+}
+
+// Model coordinates to canvas pixels, y pointing down.
+class Frame {
+ public:
+  Frame(Point2 low, Point2 high, double scale, CanvasSize canvas)
+      : low_(low), high_(high), scale_(scale),
+        left_((canvas.width - (high.x - low.x) * scale) / 2),
+        top_((canvas.height - (high.y - low.y) * scale) / 2) {}
+  Point2 operator()(Point2 p) const {
+    return {left_ + (p.x - low_.x) * scale_, top_ + (high_.y - p.y) * scale_};
+  }
+  double Scale() const { return scale_; }
+
+ private:
+  Point2 low_;
+  Point2 high_;
+  double scale_;
+  double left_;
+  double top_;
+};
+
+double Degrees(double radians) { return radians * 180 / std::numbers::pi; }
+
+// An edge on the canvas, and where its number goes: beside its middle, on its left.
+struct PlacedEdge {
+  DrawnEdge edge;
+  Point2 numberAt;
+};
+
+PlacedEdge DrawEdge(const platform::EdgeGeometry& g, const std::vector<Point2>& trace,
+                    const Frame& frame, bool selected) {
+  DrawnEdge edge;
+  Point2 middle, direction;
+  edge.start = frame(g.start);
+  edge.end = frame(g.end);
+  for (const Point2& p : trace) edge.trace.push_back(frame(p));
+  if (g.angle != 0) {
+    edge.centre = frame(g.third);
+    edge.radius = std::hypot(g.start.x - g.third.x, g.start.y - g.third.y) * frame.Scale();
+    // The canvas shows the model the right way up, so the model's angles hold on it.
+    edge.startDegrees = Degrees(std::atan2(g.start.y - g.third.y, g.start.x - g.third.x));
+    edge.sweepDegrees = Degrees(g.angle);
+    const size_t k = edge.trace.size() / 2;
+    middle = edge.trace[k];
+    direction = Minus(edge.trace[k + 1], edge.trace[k - 1]);
+  } else {
+    middle = Times(Plus(edge.start, edge.end), 0.5);
+    direction = Minus(edge.end, edge.start);
+  }
+  const double length = std::max(std::hypot(direction.x, direction.y), 1e-9);
+  direction = Times(direction, 1 / length);
+  const Point2 across{-direction.y, direction.x};
+  const Point2 back = Minus(middle, Times(direction, kArrowHalfLength));
+  edge.arrow = {Plus(middle, Times(direction, kArrowHalfLength)),
+                Plus(back, Times(across, kArrowHalfWidth)),
+                Minus(back, Times(across, kArrowHalfWidth))};
+  edge.stroke = selected ? kSelectedEdgeColour : kEdgeColour;
+  edge.strokeWidth = selected ? kSelectedEdgeWidth : kEdgeWidth;
+  return {std::move(edge), Plus(middle, Times({direction.y, -direction.x}, kNumberDistance))};
+}
+
+std::string PointText(Point2 p) { return fmt::format("({}, {})", p.x, p.y); }
+
+std::string BlockText(std::optional<int> block) {
+  return block ? fmt::format("block {}", *block + 1) : std::string("none");
+}
+
+}  // namespace
+
+ModelPicture::ModelPicture(const platform::BasicModel& model) {
+  const int edgeCount = model.EdgeCount();
+  for (int e = 0; e < edgeCount; ++e) {
+    Edge edge{model.Edge(e), {}, model.EdgeLabel(e), model.EdgeLeftBlock(e),
+              model.EdgeRightBlock(e)};
+    edge.trace = Trace(edge.geometry);
+    edges_.push_back(std::move(edge));
+  }
+  const int vertexCount = model.VertexCount();
+  for (int v = 0; v < vertexCount; ++v) {
+    vertices_.push_back({model.Vertex(v), model.VertexLabel(v), model.VertexIsolated(v)});
+  }
+
+  std::map<std::string, const char*> shades;
+  const int blockCount = model.BlockCount();
+  for (int b = 0; b < blockCount; ++b) {
+    std::vector<std::vector<Point2>> pieces;
+    for (const Edge& edge : edges_) {
+      if (edge.left == b) pieces.push_back(edge.trace);
+      if (edge.right == b) pieces.emplace_back(edge.trace.rbegin(), edge.trace.rend());
+    }
+    if (pieces.empty()) continue;  // a block without edges has nothing to draw
+    Block block;
+    const std::string label = model.BlockLabel(b);
+    block.text = fmt::format("block {}{}", b + 1, label.empty() ? "" : ": " + label);
+    block.loops = BlockLoops(pieces);
+    block.labelAt = LabelPlace(block.loops);
+    if (label.empty()) {
+      block.fill = kUnlabelledShade;
+    } else {
+      const char* next = kShades[shades.size() % std::size(kShades)];
+      block.fill = shades.try_emplace(label, next).first->second;
+    }
+    blocks_.push_back(std::move(block));
+  }
+
+  low_ = {std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
+  high_ = {std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
+  auto include = [&](Point2 p) {
+    low_ = {std::min(low_.x, p.x), std::min(low_.y, p.y)};
+    high_ = {std::max(high_.x, p.x), std::max(high_.y, p.y)};
+  };
+  for (const Edge& edge : edges_) std::for_each(edge.trace.begin(), edge.trace.end(), include);
+  for (const Vertex& vertex : vertices_) include(vertex.at);
+  if (edges_.empty() && vertices_.empty()) low_ = high_ = {0, 0};
+}
+
+Drawing ModelPicture::DrawNatural() const {
+  const double extent = std::max(high_.x - low_.x, high_.y - low_.y);
+  const double scale = extent > 0 ? kNaturalLongerSide / extent : 1;
+  return Draw({(high_.x - low_.x) * scale + 2 * kNaturalMargin,
+               (high_.y - low_.y) * scale + 2 * kNaturalMargin},
+              kNaturalMargin);
+}
+
+Drawing ModelPicture::Draw(CanvasSize canvas, double margin, std::optional<int> selected) const {
+  // The largest scale at which the model fits between the margins; a model without
+  // extent in one direction (a single line) is fitted in the other.
+  double scale = std::numeric_limits<double>::max();
+  const auto fit = [&](double room, double extent) {
+    if (extent > 0) scale = std::min(scale, std::max(room - 2 * margin, 1.0) / extent);
+  };
+  fit(canvas.width, high_.x - low_.x);
+  fit(canvas.height, high_.y - low_.y);
+  if (scale == std::numeric_limits<double>::max()) scale = 1;
+  const Frame frame(low_, high_, scale, canvas);
+
+  Drawing drawing;
+  drawing.size = canvas;
+  for (const Block& block : blocks_) {
+    DrawnArea area{{}, block.fill};
+    for (const auto& loop : block.loops) {
+      area.loops.emplace_back();
+      for (const Point2& p : loop) area.loops.back().push_back(frame(p));
+    }
+    drawing.areas.push_back(std::move(area));
+  }
+  for (size_t e = 0; e < edges_.size(); ++e) {
+    const Edge& edge = edges_[e];
+    PlacedEdge placed = DrawEdge(edge.geometry, edge.trace, frame, selected == static_cast<int>(e));
+    drawing.edges.push_back(std::move(placed.edge));
+    const std::string label = edge.label.empty() ? "" : ": " + edge.label;
+    drawing.texts.push_back(
+        {placed.numberAt, fmt::format("{}{}", e + 1, label), kEdgeNumberColour, false, true});
+  }
+  for (const Vertex& vertex : vertices_) {
+    const Point2 at = frame(vertex.at);
+    drawing.vertices.push_back(vertex.isolated
+                                   ? DrawnVertex{at, kVertexRadius, "#fff", kIsolatedOutline,
+                                                 kIsolatedOutlineWidth}
+                                   : DrawnVertex{at, kVertexRadius, kEdgeColour, "", 0});
+    if (vertex.label.empty()) continue;
+    drawing.texts.push_back({{at.x + kVertexLabelOffset, at.y - kVertexLabelOffset},
+                             vertex.label, kVertexLabelColour, false, false});
+  }
+  for (const Block& block : blocks_) {
+    drawing.texts.push_back({frame(block.labelAt), block.text, kBlockLabelColour, true, true});
+  }
+  return drawing;
+}
+
+std::string ModelPicture::EdgeText(int edge) const {
+  const Edge& e = edges_.at(static_cast<size_t>(edge));
+  return fmt::format("Edge {}: {}", edge + 1, EdgeSummary(e.geometry, e.label, e.left, e.right));
+}
+
+std::optional<int> EdgeAt(const Drawing& drawing, Point2 at, double tolerance) {
+  std::optional<int> nearest;
+  double best = tolerance;
+  for (size_t e = 0; e < drawing.edges.size(); ++e) {
+    const std::vector<Point2>& trace = drawing.edges[e].trace;
+    for (size_t i = 1; i < trace.size(); ++i) {
+      const double distance = DistanceToSegment(at, trace[i - 1], trace[i]);
+      if (distance < best || (!nearest && distance == best)) {
+        best = distance;
+        nearest = static_cast<int>(e);
+      }
+    }
+  }
+  return nearest;
+}
+
+std::string EdgeSummary(const platform::EdgeGeometry& geometry, const std::string& label,
+                        std::optional<int> left, std::optional<int> right) {
+  std::string shape = "line";
+  if (geometry.angle != 0) {
+    shape = fmt::format("arc   centre {}  angle {:.6g} deg", PointText(geometry.third),
+                        Degrees(geometry.angle));
+  }
+  return fmt::format("{} -> {}  {}{}  left {}, right {}", PointText(geometry.start),
+                     PointText(geometry.end), shape,
+                     label.empty() ? "" : fmt::format("  label \"{}\"", label), BlockText(left),
+                     BlockText(right));
+}
+
+}  // namespace wizard

@@ -45,9 +45,7 @@ void ReportFailedLoad(const LoadedSession& loaded, const std::string& path) {
   if (!loaded.message.empty()) {
     std::cerr << "eowizard: " << loaded.message << "\n";
   } else {
-    std::cerr << "eowizard: '" << path
-              << "' is not a complete session file: it ends without \"[END]\", or a "
-                 "parameter key comes before the DESCRIPTION of its section\n";
+    std::cerr << "eowizard: " << session::IncompleteSessionMessage(path) << "\n";
   }
   if (loaded.services.fs.FolderExists(path)) {
     std::cerr << "eowizard: '" << path << "' is a folder, not a session file\n";

@@ -182,7 +182,7 @@ bool WizardForm::InitWizard() {
     sessionsFolder_ = folder.path;
     if (folder.fellBack && folder.created) {
       Tell(LoadResString(kSessionsFolderMovedBefore) +
-               JoinPath(services_.programFolder, kSessionsFolderName) +
+               platform::JoinPath(services_.programFolder, kSessionsFolderName) +
                LoadResString(kSessionsFolderMovedMiddle) + folder.path +
                LoadResString(kSessionsFolderMovedAfter),
            MsgIcon::Information, appTitle_);

@@ -162,4 +162,26 @@ std::string FromAnsi(std::string_view ansi) {
   return Current().fromAnsi.Convert(ansi, OneByte);
 }
 
+std::string UnheldCharacters(std::string_view utf8) {
+  std::string unheld;
+  if (IsCodePageNeutral(utf8)) return unheld;
+  CodePage& codePage = Current();
+  for (std::size_t i = 0; i < utf8.size();) {
+    const std::size_t length = Utf8CharacterLength(utf8.substr(i));
+    const std::string_view character = utf8.substr(i, length);
+    i += length;
+    if (character == std::string_view(&kReplacement, 1)) continue;
+    if (codePage.asciiAsIs && IsAscii(character)) continue;
+    const bool invalid = length == 1 && static_cast<unsigned char>(character[0]) >= 0x80;
+    if (!invalid && codePage.toAnsi.Convert(character, Utf8CharacterLength) !=
+                        std::string_view(&kReplacement, 1)) {
+      continue;
+    }
+    const std::string_view shown = invalid ? std::string_view("\xEF\xBF\xBD") : character;
+    // Whole UTF-8 characters cannot match across a boundary of others.
+    if (unheld.find(shown) == std::string::npos) unheld += shown;
+  }
+  return unheld;
+}
+
 }  // namespace vbrt

@@ -4,6 +4,7 @@
 
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "session/code_page_notice.h"
 #include "vbrt/error.h"
 
 namespace wizard {
@@ -162,6 +163,7 @@ void OutputPage::OpenDialog(int index, std::string name, std::string value) {
   dialog_.editIndex = index;
   dialog_.edName = std::move(name);
   dialog_.edValue = std::move(value);
+  dialog_.notice = session::CodePageWarning(dialog_.edName + dialog_.edValue);
 }
 
 void OutputPage::DialogEdited(OutputField field, std::string text) {
@@ -172,6 +174,7 @@ void OutputPage::DialogEdited(OutputField field, std::string text) {
   } else {
     dialog_.edValue = std::move(text);
   }
+  dialog_.notice = session::CodePageWarning(dialog_.edName + dialog_.edValue);
 }
 
 void OutputPage::DialogAccept() {

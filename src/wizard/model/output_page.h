@@ -32,6 +32,7 @@ struct OutputDialog {
   std::string edName;
   std::string edValue;
   bool nameSelected = false;  // the name's text is selected, ready to be typed over
+  std::string notice;         // characters of the fields the code page cannot hold, told
 };
 
 class OutputPage {

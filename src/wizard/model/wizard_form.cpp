@@ -6,6 +6,7 @@
 #include "platform/path_parts.h"
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "session/code_page_notice.h"
 #include "vbrt/compare.h"
 #include "vbrt/error.h"
 #include "wizard/model/session_folder.h"
@@ -279,10 +280,14 @@ void WizardForm::RefreshStep() {
         finishText1_ = LoadResString(kFinishReady1);
         finishText2_ = LoadResString(kFinishReady2);
         finishIcon_ = "Information";
+        finishPicture_ = FinishPicture::Done;
       } else {
         finishText1_ = LoadResString(kFinishMissing1);
         finishText2_ = LoadResString(kFinishMissing2);
         finishIcon_ = "Exclamation";
+        // A check mark beside "You must specify project name and location." would say
+        // the opposite of the text.
+        finishPicture_ = FinishPicture::NotYet;
       }
       tabOrder_ = InOrder({"btnFinish", "btnHelp", "btnCancel"});
       break;
@@ -395,13 +400,31 @@ bool WizardForm::Finish() {
   return false;
 }
 
-void WizardForm::TextEdited(Field field, std::string text) {
+bool WizardForm::TextEdited(Field field, std::string text) {
+  if (field != Field::File && field != Field::Author) {
+    // A path written with "?" leads nowhere; the session's own path is no such text, as
+    // it is never written in the code page.
+    std::string refusal = session::CodePagePathRefusal(text);
+    if (!refusal.empty()) {
+      refusedPaths_[field] = std::move(refusal);
+      return false;
+    }
+  }
+  refusedPaths_.erase(field);
   TextOf(state_, field) = std::move(text);
+  return true;
+}
+
+std::string WizardForm::FieldNotice(Field field) const {
+  if (field == Field::Author) return session::CodePageWarning(state_.edAuthor);
+  const auto refused = refusedPaths_.find(field);
+  return refused == refusedPaths_.end() ? std::string() : refused->second;
 }
 
 void WizardForm::FieldLeft(Field field) {
   switch (field) {
     case Field::File:
+      refusedPaths_.clear();  // a loaded session sets the paths anew
       if (checks_.SessionFileLeft(state_, Io(), SettingsChanged) && view_) {
         view_->FocusControl("edFile");
       }
@@ -426,8 +449,11 @@ void WizardForm::FieldLeft(Field field) {
 
 void WizardForm::Browsed(Browse button, std::string path) {
   const Field field = FieldOf(button);
-  TextEdited(field, std::move(path));
-  FieldLeft(field);
+  if (TextEdited(field, std::move(path))) {
+    FieldLeft(field);
+  } else {
+    Repaint();
+  }
 }
 
 void WizardForm::ChoiceChanged(Choice choice, int16_t listIndex) {

@@ -76,6 +76,9 @@ struct FormServices {
 
 enum class Button { None, Back, Next, Finish };
 
+// The finish page's own picture: a project that Finish will generate, or none yet.
+enum class FinishPicture { Done, NotYet };
+
 // The text fields of pages 1, 2 and 4.
 enum class Field { File, Location, Author, Model, Data, Sketch };
 // The four choice lists of page 3.
@@ -162,6 +165,8 @@ class WizardForm {
   const std::string& FinishText1() const { return finishText1_; }
   const std::string& FinishText2() const { return finishText2_; }
   const std::string& FinishIcon() const { return finishIcon_; }
+  // The picture beside them: NotYet while no project location is given.
+  FinishPicture PictureOfFinish() const { return finishPicture_; }
   // The sessions folder InitWizard settled on ("" before start-up).
   const std::string& SessionsFolder() const { return sessionsFolder_; }
   // How the browse button opens its file dialog, from the field's current text.
@@ -177,12 +182,17 @@ class WizardForm {
   // the caller must not touch it (nor the view it owned) again.
   bool Cancel();
   bool Finish();
-  // The user typed into a field; nothing is checked until the field is left.
-  void TextEdited(Field field, std::string text);
+  // The user typed into a field; nothing is checked until the field is left. A project,
+  // model, data or sketch path holding characters that the code page cannot hold is not
+  // taken (FieldNotice says why and the field keeps its text): false then.
+  bool TextEdited(Field field, std::string text);
+  // What the user is told beside the field: the characters of its text that the code page
+  // cannot hold, or why a path was not taken; "" when there is nothing to tell.
+  std::string FieldNotice(Field field) const;
   // The field lost the focus: its check runs (fields without one do nothing).
   void FieldLeft(Field field);
   // A file was chosen in the browse button's dialog: it goes into the field and the
-  // field's check runs, as if typed and left.
+  // field's check runs, as if typed and left (unless the path is not taken).
   void Browsed(Browse button, std::string path);
   void ChoiceChanged(Choice choice, int16_t listIndex);
   void AsyncChanged(bool checked);
@@ -224,6 +234,8 @@ class WizardForm {
   std::string finishText1_;
   std::string finishText2_;
   std::string finishIcon_;
+  FinishPicture finishPicture_ = FinishPicture::Done;
+  std::map<Field, std::string> refusedPaths_;  // why the field did not take a path
 
   // Declared last: the view goes first when the form unloads.
   std::unique_ptr<WizardView> view_;

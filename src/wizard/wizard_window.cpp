@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QStyle>
 #include <QTimer>
@@ -16,6 +17,7 @@
 
 #include "wizard/browse_dialog.h"
 #include "wizard/input_page_view.h"
+#include "wizard/notice_label.h"
 #include "wizard/output_page_view.h"
 #include "wizard/qt_text.h"
 #include "wizard/wizard_pages.h"
@@ -101,8 +103,13 @@ WizardWindow::WizardWindow(WizardForm& form, const platform::FileSystem& fs)
   // Enter presses only the button the form makes the default, never the focused one.
   for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
   ConnectFields();
-  resize(760, 500);
   ApplyState();
+  // As large as the pages ask (the output page: its longest texts whole), within the screen.
+  QSize size = sizeHint().expandedTo(QSize(760, 500));
+  if (const QScreen* screen = this->screen()) {
+    size = size.boundedTo(screen->availableGeometry().size() * 9 / 10);
+  }
+  resize(size);
 }
 
 void WizardWindow::BuildButtons(QWidget* bar) {
@@ -129,8 +136,10 @@ void WizardWindow::ConnectFields() {
   for (const FieldControl& control : kFields) {
     auto* edit = findChild<QLineEdit*>(control.name);
     edit->installEventFilter(this);
+    // Shown again at once: a path the form does not take goes back to what it was, and
+    // the field's notice line follows the text.
     connect(edit, &QLineEdit::textEdited, this, [this, field = control.field](const QString& text) {
-      if (form_ != nullptr) form_->TextEdited(field, FromQt(text));
+      Forward([field, text = FromQt(text)](WizardForm& form) { form.TextEdited(field, text); });
     });
   }
   for (const ChoiceControl& control : kChoices) {
@@ -230,6 +239,8 @@ void WizardWindow::ApplyFields() {
     auto* edit = findChild<QLineEdit*>(control.name);
     const QString text = ToQt(state.*control.text);
     if (edit->text() != text) edit->setText(text);
+    ShowNotice(*findChild<QLabel*>(QString(control.name) + "Notice"),
+               {form_->FieldNotice(control.field)});
   }
   for (const ChoiceControl& control : kChoices) {
     auto* combo = findChild<QComboBox*>(control.name);
@@ -290,6 +301,7 @@ void WizardWindow::ApplyFinishPage() {
                                           ? QStyle::SP_MessageBoxWarning
                                           : QStyle::SP_MessageBoxInformation;
   findChild<QLabel*>("imgResult")->setPixmap(style()->standardIcon(icon).pixmap(32, 32));
+  findChild<PictureStrip*>("imgStep(7)")->ShowFinish(form_->PictureOfFinish());
 }
 
 }  // namespace wizard

@@ -29,6 +29,18 @@
 
 namespace wizard_test {
 
+// Types `text` into `widget` a character at a time, any character (keyClicks knows
+// Latin-1 only); with `whole`, in one go, as an input method or a paste gives it.
+inline void Type(QWidget* widget, const QString& text, bool whole = false) {
+  if (whole) {
+    QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, text, Qt::NoModifier);
+    return;
+  }
+  for (const QChar c : text) {
+    QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
+  }
+}
+
 class FakeAnalysis : public platform::AnalysisApplication {
  public:
   std::string ProductName() const override { return "Zentrix 5.2"; }
@@ -88,7 +100,7 @@ class WizardFixture {
     edit->setFocus(Qt::MouseFocusReason);
     QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(edit, Qt::Key_Delete);
-    QTest::keyClicks(edit, QString::fromStdString(text));
+    Type(edit, QString::fromStdString(text));
     QTest::keyClick(edit, Qt::Key_Tab);
   }
 

@@ -45,15 +45,8 @@ std::optional<int> OutputPage::ExpressionNumber(int type, std::string_view key) 
   return resources::ExpressionOf(resources::IntegralDescription(type, n));
 }
 
-void OutputPage::FillStandardOutputs() {
-  session::ListView& standard = form_.lvStandard;
-  standard.Clear();
-  const int type = form_.cmbType.listIndex;
-  auto offer = [&](int number, char letter, int n, int16_t icon) {
-    const auto text = resources::FindString(number);
-    if (!text || text->empty()) return;
-    standard.Add(std::string(*text), letter + std::to_string(n), icon);
-  };
+template <typename Offer>
+void OutputPage::ForEachStandard(int type, Offer offer) {
   for (int n = resources::kGeometricIntegralFirst;
        n < resources::kGeometricIntegralFirst + resources::kGeometricIntegralTries; ++n) {
     offer(n, 'i', n, kIntegralOutputIcon);
@@ -64,6 +57,30 @@ void OutputPage::FillStandardOutputs() {
   for (int n = 0; n < resources::kStandardTries; ++n) {
     offer(resources::LocalDescription(type, n), 'p', n, kLocalOutputIcon);
   }
+}
+
+void OutputPage::FillStandardOutputs() {
+  session::ListView& standard = form_.lvStandard;
+  standard.Clear();
+  ForEachStandard(form_.cmbType.listIndex, [&](int number, char letter, int n, int16_t icon) {
+    const auto text = resources::FindString(number);
+    if (!text || text->empty()) return;
+    standard.Add(std::string(*text), letter + std::to_string(n), icon);
+  });
+}
+
+StandardTexts OutputPage::AllStandardTexts() {
+  StandardTexts texts;
+  const auto types = static_cast<int>(resources::ListFrom(resources::kTypeListBase).size());
+  for (int type = 0; type < types; ++type) {
+    ForEachStandard(type, [&](int number, char, int, int16_t) {
+      const auto description = resources::FindString(number);
+      if (!description || description->empty()) return;
+      texts.descriptions.emplace_back(*description);
+      texts.expressions.emplace_back(resources::FindString(resources::ExpressionOf(number)).value_or(""));
+    });
+  }
+  return texts;
 }
 
 void OutputPage::SyncOutputs() {

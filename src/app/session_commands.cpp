@@ -1,5 +1,7 @@
 // `eowizard session show|check|rewrite`: a session file read as the wizard reads it.
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
@@ -78,7 +80,11 @@ int Check(const SessionOptions& options) {
     ReportFailedLoad(loaded, options.file);
     return 2;
   }
-  const std::vector<std::string> problems = session::CheckRecord(loaded.form);
+  std::vector<std::string> problems = session::CheckRecord(loaded.form);
+  // What the reader's code page made of the file's own text, which the record no longer shows.
+  std::ifstream file(loaded.services.fs.ToNative(options.file), std::ios::binary);
+  const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+  for (std::string& problem : session::CheckFileText(bytes)) problems.push_back(std::move(problem));
   for (const std::string& problem : problems) std::cout << problem << "\n";
   if (problems.empty()) {
     std::cout << options.file << ": no problems found\n";

@@ -162,6 +162,15 @@ std::string FromAnsi(std::string_view ansi) {
   return Current().fromAnsi.Convert(ansi, OneByte);
 }
 
+bool IsUtf8(std::string_view bytes) {
+  for (std::size_t i = 0; i < bytes.size();) {
+    const std::size_t length = Utf8CharacterLength(bytes.substr(i));
+    if (length == 1 && static_cast<unsigned char>(bytes[i]) >= 0x80) return false;
+    i += length;
+  }
+  return true;
+}
+
 std::string UnheldCharacters(std::string_view utf8) {
   std::string unheld;
   if (IsCodePageNeutral(utf8)) return unheld;

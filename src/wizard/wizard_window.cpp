@@ -30,15 +30,10 @@ using session::FormState;
 struct FieldControl {
   Field field;
   const char* name;
-  std::string FormState::*text;
 };
 constexpr FieldControl kFields[] = {
-    {Field::File, "edFile", &FormState::edFile},
-    {Field::Location, "edLocation", &FormState::edLocation},
-    {Field::Author, "edAuthor", &FormState::edAuthor},
-    {Field::Model, "edModel", &FormState::edModel},
-    {Field::Data, "edData", &FormState::edData},
-    {Field::Sketch, "edSketch", &FormState::edSketch},
+    {Field::File, "edFile"},     {Field::Location, "edLocation"}, {Field::Author, "edAuthor"},
+    {Field::Model, "edModel"},   {Field::Data, "edData"},         {Field::Sketch, "edSketch"},
 };
 
 struct ChoiceControl {
@@ -237,7 +232,7 @@ void WizardWindow::ApplyFields() {
   const FormState& state = form_->State();
   for (const FieldControl& control : kFields) {
     auto* edit = findChild<QLineEdit*>(control.name);
-    const QString text = ToQt(state.*control.text);
+    const QString text = ToQt(form_->FieldText(control.field));
     if (edit->text() != text) edit->setText(text);
     ShowNotice(*findChild<QLabel*>(QString(control.name) + "Notice"),
                {form_->FieldNotice(control.field)});

@@ -159,6 +159,7 @@ TEST_F(WizardTest, TextTheCodePageCannotHoldIsToldAndPathsRefuseIt) {
   } cases[] = {
       {Field::Author, "José Müller", true, ""},
       {Field::Author, "José Müller 张伟", true, "The code page WINDOWS-1252 cannot hold \"张伟" + lost},
+      {Field::Location, InScratch(""), true, ""},  // typed on towards the next case
       {Field::Location, InScratch("项目/Demo.vbp"), false,
        "The code page WINDOWS-1252 cannot hold \"项目" + refused},
       {Field::Model, "/models/Ж.mod", false, "The code page WINDOWS-1252 cannot hold \"Ж" + refused},
@@ -169,11 +170,17 @@ TEST_F(WizardTest, TextTheCodePageCannotHoldIsToldAndPathsRefuseIt) {
     SCOPED_TRACE(c.text);
     EXPECT_EQ(form.TextEdited(c.field, c.text), c.taken);
     EXPECT_EQ(form.FieldNotice(c.field), c.notice);
+    EXPECT_EQ(form.FieldText(c.field), c.text);  // shown as typed, taken or not
   }
+  // The record goes back to the path it had before the typing began, and leaving the field
+  // checks nothing.
+  form.FieldLeft(Field::Location);
   EXPECT_EQ(form.State().edLocation, project);
+  EXPECT_TRUE(form.FinishEnabled());
   EXPECT_EQ(form.State().edModel, "/models/é.mod");
   form.Browsed(Browse::Sketch, "/pictures/草图.bmp");
   EXPECT_EQ(form.State().edSketch, "");
+  EXPECT_EQ(form.FieldText(Field::Sketch), "/pictures/草图.bmp");
   EXPECT_NE(form.FieldNotice(Field::Sketch), "");
   EXPECT_TRUE(prompter_.shown.empty()) << "told beside the field, not in a box";
   form.TextEdited(Field::Sketch, "");

@@ -99,7 +99,9 @@ std::vector<TabStop> InOrder(std::initializer_list<const char*> controls) {
   return stops;
 }
 
-std::string& TextOf(session::FormState& state, Field field) {
+// The text of `field` in `state`, a FormState or a const one.
+template <typename State>
+auto& TextOf(State& state, Field field) {
   switch (field) {
     case Field::File: return state.edFile;
     case Field::Location: return state.edLocation;
@@ -404,9 +406,12 @@ bool WizardForm::TextEdited(Field field, std::string text) {
   if (field != Field::File && field != Field::Author) {
     // A path written with "?" leads nowhere; the session's own path is no such text, as
     // it is never written in the code page.
+    editedFrom_.try_emplace(field, TextOf(state_, field));
     std::string refusal = session::CodePagePathRefusal(text);
     if (!refusal.empty()) {
-      refusedPaths_[field] = std::move(refusal);
+      refusedPaths_[field] = {std::move(text), std::move(refusal)};
+      // Keystrokes taken before the refusal made no path the user meant either.
+      TextOf(state_, field) = editedFrom_[field];
       return false;
     }
   }
@@ -415,13 +420,20 @@ bool WizardForm::TextEdited(Field field, std::string text) {
   return true;
 }
 
+const std::string& WizardForm::FieldText(Field field) const {
+  const auto refused = refusedPaths_.find(field);
+  return refused != refusedPaths_.end() ? refused->second.text : TextOf(state_, field);
+}
+
 std::string WizardForm::FieldNotice(Field field) const {
   if (field == Field::Author) return session::CodePageWarning(state_.edAuthor);
   const auto refused = refusedPaths_.find(field);
-  return refused == refusedPaths_.end() ? std::string() : refused->second;
+  return refused == refusedPaths_.end() ? std::string() : refused->second.notice;
 }
 
 void WizardForm::FieldLeft(Field field) {
+  editedFrom_.erase(field);
+  if (refusedPaths_.contains(field)) return;  // nothing was taken, so nothing is checked
   switch (field) {
     case Field::File:
       refusedPaths_.clear();  // a loaded session sets the paths anew
@@ -452,6 +464,7 @@ void WizardForm::Browsed(Browse button, std::string path) {
   if (TextEdited(field, std::move(path))) {
     FieldLeft(field);
   } else {
+    editedFrom_.erase(field);
     Repaint();
   }
 }

@@ -184,8 +184,12 @@ class WizardForm {
   bool Finish();
   // The user typed into a field; nothing is checked until the field is left. A project,
   // model, data or sketch path holding characters that the code page cannot hold is not
-  // taken (FieldNotice says why and the field keeps its text): false then.
+  // taken: the field shows it with FieldNotice saying why, the record goes back to the
+  // path it had before the user began typing into the field, and leaving the field checks
+  // nothing. False then.
   bool TextEdited(Field field, std::string text);
+  // What the field shows: its text in the record, or the path it did not take.
+  const std::string& FieldText(Field field) const;
   // What the user is told beside the field: the characters of its text that the code page
   // cannot hold, or why a path was not taken; "" when there is nothing to tell.
   std::string FieldNotice(Field field) const;
@@ -235,7 +239,12 @@ class WizardForm {
   std::string finishText2_;
   std::string finishIcon_;
   FinishPicture finishPicture_ = FinishPicture::Done;
-  std::map<Field, std::string> refusedPaths_;  // why the field did not take a path
+  struct RefusedPath {
+    std::string text;
+    std::string notice;  // why it was not taken
+  };
+  std::map<Field, RefusedPath> refusedPaths_;  // what a path field shows but did not take
+  std::map<Field, std::string> editedFrom_;  // a path's text when typing into it began
 
   // Declared last: the view goes first when the form unloads.
   std::unique_ptr<WizardView> view_;

@@ -210,7 +210,8 @@ std::vector<std::string> CheckFileText(std::string_view file) {
       const std::string lost = CodePageWarning(text);
       problems.push_back(lost.empty() ? problem + "; save the file in " + codePage
                                       : problem + ". " + lost);
-    } else if (std::count(read.begin(), read.end(), '?') > std::count(text.begin(), text.end(), '?')) {
+    } else if (std::count(read.begin(), read.end(), '?') >
+               std::count(text.begin(), text.end(), '?')) {
       problems.push_back(where + ": bytes that are no characters of " + codePage +
                          " are read as \"?\": \"" + read + "\"");
     }

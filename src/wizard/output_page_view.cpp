@@ -6,7 +6,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QStyle>
 #include <QTreeWidget>
 #include <algorithm>
@@ -40,7 +39,9 @@ QLabel* Label(const char* name) {
 int WidestText(const QTreeWidget& list, const std::vector<std::string>& texts) {
   const QFontMetrics metrics(list.font());
   int widest = 0;
-  for (const std::string& text : texts) widest = std::max(widest, metrics.horizontalAdvance(ToQt(text)));
+  for (const std::string& text : texts) {
+    widest = std::max(widest, metrics.horizontalAdvance(ToQt(text)));
+  }
   return widest;
 }
 

@@ -148,7 +148,8 @@ TEST_F(WizardTest, TextTheCodePageCannotHoldIsToldAndPathsRefuseIt) {
   WizardForm& form = Start();
   const std::string lost = "\": these characters would be written as \"?\" in the session file "
                            "and the generated code.";
-  const std::string refused = "\": a path written with \"?\" would lead nowhere, so it is not taken.";
+  const std::string refused =
+      "\": a path written with \"?\" would lead nowhere, so it is not taken.";
   GiveProject(form);
   const std::string project = form.State().edLocation;
   const struct {

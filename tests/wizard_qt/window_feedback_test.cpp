@@ -62,7 +62,8 @@ class WindowFeedbackTest : public QObject {
       QCOMPARE(edit->text(), c.typed);  // shown as typed, taken or not
       QCOMPARE(QString::fromStdString(ui.addIn.Form()->State().*c.record), c.recorded);
       const QString notice = NoticeOf(ui, (std::string(c.field) + "Notice").c_str());
-      QVERIFY2(c.unheld.isEmpty() ? notice.isEmpty() : notice.contains(c.unheld), qPrintable(notice));
+      QVERIFY2(c.unheld.isEmpty() ? notice.isEmpty() : notice.contains(c.unheld),
+               qPrintable(notice));
       if (!notice.isEmpty()) QVERIFY(notice.startsWith("The code page WINDOWS-1252 cannot hold"));
     }
     QVERIFY(ui.prompter.shown.empty());  // told beside the field, never in a box
@@ -174,10 +175,13 @@ class WindowFeedbackTest : public QObject {
     ui.Connect();
     ui.GoToPage(7);
     auto* strip = ui.Control<wizard::PictureStrip>("imgStep(7)");
-    const auto picture = [&](wizard::FinishPicture finish) {
-      return wizard::PagePicture(7, strip->size(), finish).toImage().convertToFormat(QImage::Format_RGB32);
+    const auto rgb = [](const QPixmap& pixmap) {
+      return pixmap.toImage().convertToFormat(QImage::Format_RGB32);
     };
-    const auto shown = [&] { return strip->grab().toImage().convertToFormat(QImage::Format_RGB32); };
+    const auto picture = [&](wizard::FinishPicture finish) {
+      return rgb(wizard::PagePicture(7, strip->size(), finish));
+    };
+    const auto shown = [&] { return rgb(strip->grab()); };
     QCOMPARE(shown(), picture(wizard::FinishPicture::NotYet));
     while (ui.Page() > 2) ui.Click("btnBack");
     ui.TypeAndLeave("edLocation", ui.Path("Demo.vbp"));

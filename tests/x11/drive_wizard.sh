@@ -11,6 +11,7 @@
 #
 # With xwd and netpbm installed, pictures of each step go to WORKDIR/shots.
 set -euo pipefail
+export LC_ALL=C.UTF-8  # characters, not bytes, for the shell, xdotool and the window
 
 program=$(realpath "$1")
 work=$(realpath -m "$2")
@@ -26,6 +27,13 @@ trap cleanup EXIT
 
 fail() {
   echo "x11 session: $*" >&2
+  # What the screen showed then, for whoever looks into it.
+  if command -v xwd >/dev/null && command -v pnmtopng >/dev/null; then
+    for id in $(xdotool search --onlyvisible --name . 2>/dev/null); do
+      xwd -id "$id" -silent 2>/dev/null | xwdtopnm 2>/dev/null |
+        pnmtopng >"$work/shots/failed-$id.png" 2>/dev/null || true
+    done
+  fi
   exit 1
 }
 
@@ -79,14 +87,25 @@ shot() {
   fi
 }
 click() { xdotool mousemove --window "$1" "$2" "$3" click "${@:4}" 1; settle; }
-# Any character, slowly enough for xdotool to map the ones the keyboard lacks.
-type_text() { xdotool type --delay 120 "$1"; settle; }
+type_text() { xdotool type --delay 40 "$1"; settle; }
+# Gives the keyboard to window $1 (after a modal box or dialog closed over it).
+focus() { xdotool windowactivate --sync "$1" 2>/dev/null || true; settle; }
 key() { xdotool key "$@"; settle; }
 
 wizard_title="Zentrix ExploringObject Wizard"
 box_title="Zentrix Bravant ExploringObject Wizard"
 broken="$work/Broken.bvg"
 printf '[GENERAL]\r\nAPPLICATION=%s\r\nAUTHOR=cut\r\n\r\n' "$box_title" >"$broken"
+
+# Every character typed below that the keyboard lacks gets a key of its own before the
+# window starts: xdotool would map each onto a spare key while typing and put the key back
+# at once, a race the window loses now and then.
+spare=($(xmodmap -pke | awk 'NF == 3 { print $2 }'))
+i=0
+for c in é ü 张 伟 项 目 长 度 力; do
+  xmodmap -e "keycode ${spare[i]} = $(printf 'U%04X' "'$c")"
+  i=$((i + 1))
+done
 
 # --- The session ---
 HOME="$work/home" XDG_DATA_HOME="$work/data" QT_QPA_PLATFORM=xcb \
@@ -106,16 +125,18 @@ click "$w" 600 93 --repeat 3
 type_text "$broken"
 key Tab
 question=$(window "$box_title")
+focus "$question"
 shot "$question" load-question
 key Return
 closed "$question"
 failure=$(window "$box_title")
+focus "$failure"
 shot "$failure" broken-session
 key Return
 closed "$failure"
 
 # Page 2: a project folder the code page cannot hold is not taken; then a good one.
-xdotool windowactivate --sync "$w"
+focus "$w"
 key alt+n
 click "$w" 600 93 --repeat 3
 type_text "$work/项目/Demo.vbp"
@@ -134,6 +155,7 @@ key alt+n
 key alt+n
 click "$w" $((WIDTH - 320)) $((HEIGHT - 57))
 dialog=$(window "Input parameter")
+focus "$dialog"
 type_text "Coil length 长度"
 key Tab
 type_text "1len"
@@ -148,13 +170,16 @@ key Tab
 type_text "two"
 key Return  # OK: the default value is refused in a box titled by default
 refusal=$(window "SondelW")
+focus "$refusal"
 shot "$refusal" not-numeric
 key Return
 gone "SondelW"
+focus "$dialog"
 type_text "2"  # the refused field has the focus, its text selected
 shot "$dialog" input-dialog-ready
 key Return
 gone "Input parameter"
+focus "$w"
 shot "$w" inputs
 
 # Page 6: a standard output by double-click, a custom one through its dialog.
@@ -162,10 +187,12 @@ key alt+n
 click "$w" $((WIDTH - 170)) 92 --repeat 2 --delay 80
 click "$w" 208 $((HEIGHT - 57))
 custom=$(window "Custom output parameter")
+focus "$custom"
 type_text "Force 力"
 shot "$custom" output-dialog
 key Return
 gone "Custom output parameter"
+focus "$w"
 shot "$w" outputs
 
 # Page 7: Finish saves the session over the broken file and generates the project.
@@ -174,7 +201,7 @@ shot "$w" finish
 key alt+f
 done_box=$(window "$box_title")
 shot "$done_box" generated
-xdotool windowactivate --sync "$done_box" 2>/dev/null || true
+focus "$done_box"
 key Return
 for _ in $(seq 100); do
   kill -0 "$app" 2>/dev/null || break

@@ -77,7 +77,8 @@ StandardTexts OutputPage::AllStandardTexts() {
       const auto description = resources::FindString(number);
       if (!description || description->empty()) return;
       texts.descriptions.emplace_back(*description);
-      texts.expressions.emplace_back(resources::FindString(resources::ExpressionOf(number)).value_or(""));
+      const auto expression = resources::FindString(resources::ExpressionOf(number));
+      texts.expressions.emplace_back(expression.value_or(""));
     });
   }
   return texts;

@@ -74,6 +74,7 @@ OutputPageView::OutputPageView(QWidget* parent) : QWidget(parent) {
   // lvOutput would like room for such a description and its expression side by side.
   const StandardTexts texts = OutputPage::AllStandardTexts();
   standard_->setMinimumWidth(WidestText(*standard_, texts.descriptions) + ListExtras(*standard_));
+  standard_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // never needed then
   wantedOutputsWidth_ = WidestText(*outputs_, texts.descriptions) +
                         WidestText(*outputs_, texts.expressions) + 32 + ListExtras(*outputs_);
 

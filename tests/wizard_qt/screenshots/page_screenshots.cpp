@@ -112,6 +112,7 @@ class PageScreenshots : public QObject {
  private:
   static void Save(QWidget* window, const QString& name) {
     QVERIFY(QTest::qWaitForWindowExposed(window));
+    QTest::qWait(20);  // the lists lay out their rows and scroll bars a moment later
     QVERIFY(window->grab().save(QDir(EOW_SCREENSHOT_DIR).filePath(name)));
   }
 

@@ -24,7 +24,8 @@ void ShowNotice(QLabel& label, const std::vector<std::string>& texts) {
     if (!text.empty()) lines << ToQt(text);
   }
   const QString shown = lines.join('\n');
-  if (label.text() != shown) label.setText(shown);
+  if (label.text() == shown && label.isHidden() == shown.isEmpty()) return;
+  label.setText(shown);
   label.setVisible(!shown.isEmpty());
   // A dialog that the lines no longer fit grows by what they need.
   QWidget* window = label.window();

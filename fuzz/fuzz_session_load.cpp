@@ -1,5 +1,6 @@
 // The session reader on arbitrary bytes, into a fresh form as the wizard starts it. Any
-// file must end in true or false without a crash, and the "<new>" row must stay last.
+// file must end in true or false without a crash, with the file closed, and the "<new>"
+// row must stay last.
 // A file that loads and whose outputs all have an icon must survive a save and a second
 // load unchanged: the second save gives the same bytes as the first.
 #include <cstdlib>
@@ -15,7 +16,9 @@ bool Load(session::FormState& form, const platform::FileSystem& fs,
           const std::filesystem::path& file) {
   vbrt::FileTable files;
   std::string message;
-  return session::LoadSession(form, {files, fs}, file.string(), message);
+  const bool loaded = session::LoadSession(form, {files, fs}, file.string(), message);
+  if (files.IsOpen(1)) std::abort();  // loaded or not, the file is closed
+  return loaded;
 }
 
 std::string Save(const session::FormState& form, const platform::FileSystem& fs,

@@ -10,6 +10,7 @@ packages=(
   qt6-base-dev libgmsh-dev libchm-dev
   locales
   clang libclang-rt-14-dev
+  xvfb openbox xdotool x11-utils x11-xserver-utils x11-apps netpbm
 )
 
 missing=()

@@ -37,7 +37,7 @@ int RunGenerate(const GenerateOptions& options) {
   std::string message;
   if (!session::LoadSession(form, services.SessionIo(), options.session, message)) {
     std::cerr << "eowizard: "
-              << (message.empty() ? "'" + options.session + "' is not a complete session file"
+              << (message.empty() ? session::IncompleteSessionMessage(options.session)
                                   : message)
               << "\n";
     return 1;

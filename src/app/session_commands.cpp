@@ -1,5 +1,7 @@
 // `eowizard session show|check|rewrite`: a session file read as the wizard reads it.
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
@@ -47,9 +49,7 @@ void ReportFailedLoad(const LoadedSession& loaded, const std::string& path) {
   if (!loaded.message.empty()) {
     std::cerr << "eowizard: " << loaded.message << "\n";
   } else {
-    std::cerr << "eowizard: '" << path
-              << "' is not a complete session file: it ends without \"[END]\", or a "
-                 "parameter key comes before the DESCRIPTION of its section\n";
+    std::cerr << "eowizard: " << session::IncompleteSessionMessage(path) << "\n";
   }
   const platform::FileSystem& fs = loaded.services.fs;
   if (fs.FolderExists(path)) {
@@ -85,7 +85,11 @@ int Check(const SessionOptions& options) {
     ReportFailedLoad(loaded, options.file);
     return 2;
   }
-  const std::vector<std::string> problems = session::CheckRecord(loaded.form);
+  std::vector<std::string> problems = session::CheckRecord(loaded.form);
+  // What the reader's code page made of the file's own text, which the record no longer shows.
+  std::ifstream file(loaded.services.fs.ToNative(options.file), std::ios::binary);
+  const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+  for (std::string& problem : session::CheckFileText(bytes)) problems.push_back(std::move(problem));
   for (const std::string& problem : problems) std::cout << problem << "\n";
   if (problems.empty()) {
     std::cout << options.file << ": no problems found\n";

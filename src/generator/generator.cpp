@@ -159,7 +159,7 @@ void Generator::StepProgress(int step) {
 bool Generator::PrepareFilesFolder() {
   session::FormState& form = *form_;
   form.FilesFolder = "\\" + form.theName + "_Files";
-  const std::string candidate = form.theLocation + form.FilesFolder;
+  const std::string candidate = FilesFolderPath();
   if (!fs_.FolderExists(candidate)) {
     fs_.CreateFolder(candidate);
     return true;
@@ -169,12 +169,12 @@ bool Generator::PrepareFilesFolder() {
       return false;
     case MsgAnswer::No: {
       int16_t i = 2;
-      while (fs_.FolderExists(form.theLocation + form.FilesFolder + vbrt::StrInteger(i))) {
+      while (fs_.FolderExists(candidate + vbrt::StrInteger(i))) {
         i = vbrt::AddInteger(i, 1);
       }
       // Str() puts a blank before the number: the folder is "<Project>_Files 2".
       form.FilesFolder += vbrt::StrInteger(i);
-      fs_.CreateFolder(form.theLocation + form.FilesFolder);
+      fs_.CreateFolder(FilesFolderPath());
       return true;
     }
     default:
@@ -184,9 +184,8 @@ bool Generator::PrepareFilesFolder() {
 
 bool Generator::ChooseFileName(const char* extension, int questionBefore, int questionAfter,
                                std::string& name) {
-  const std::string& location = form_->theLocation;
   const std::string& project = form_->theName;
-  std::string path = location + "\\" + project + extension;
+  std::string path = PathOf(project, extension);
   if (!fs_.FileExists(path)) {
     name = project;
     return true;
@@ -201,11 +200,11 @@ bool Generator::ChooseFileName(const char* extension, int questionBefore, int qu
     case MsgAnswer::No: {
       // The first probe has no blank before the 2; the chosen name and later probes
       // carry Str()'s blank.
-      path = location + "\\" + project + "2" + extension;
+      path = PathOf(project + "2", extension);
       int16_t i = 2;
       while (fs_.FileExists(path)) {
         i = vbrt::AddInteger(i, 1);
-        path = location + "\\" + project + vbrt::StrInteger(i) + extension;
+        path = PathOf(project + vbrt::StrInteger(i), extension);
       }
       name = project + vbrt::StrInteger(i);
       return true;
@@ -218,14 +217,15 @@ bool Generator::ChooseFileName(const char* extension, int questionBefore, int qu
 void Generator::CopyBasicFiles() {
   const session::FormState& form = *form_;
   progress_.SetState(LoadResString(kStateCopyingFiles));
-  const std::string target = form.theLocation + form.FilesFolder + "\\";
-  if (form.optModelLink.value) CopyIfNeeded(form.edModel, target + form.theName + "_Basic.mod");
+  const std::string folder = FilesFolderPath();
+  const auto target = [&](const std::string& name) { return platform::JoinPath(folder, name); };
+  if (form.optModelLink.value) CopyIfNeeded(form.edModel, target(form.theName + "_Basic.mod"));
   if (form.optDataLink.value && !form.edData.empty()) {
-    CopyIfNeeded(form.edData, target + form.theName + "_Basic." + DataExtension(form));
+    CopyIfNeeded(form.edData, target(form.theName + "_Basic." + DataExtension(form)));
   }
   if (!form.edSketch.empty()) {
     CopyIfNeeded(form.edSketch,
-                 target + form.theName + "." + platform::ExtensionName(form.edSketch));
+                 target(form.theName + "." + platform::ExtensionName(form.edSketch)));
   }
 }
 
@@ -249,7 +249,13 @@ int16_t Generator::CountGeometricalInputs() const {
 }
 
 std::string Generator::PathOf(const std::string& base, const char* extension) const {
-  return form_->theLocation + "\\" + base + extension;
+  return platform::JoinPath(form_->theLocation, base + extension);
+}
+
+std::string Generator::FilesFolderPath() const {
+  // FilesFolder keeps the "\\" that the generated code needs; on the disk the folder
+  // takes the separator of the location the user gave.
+  return platform::JoinPath(form_->theLocation, std::string_view(form_->FilesFolder).substr(1));
 }
 
 bool Generator::CreateProject() {

@@ -63,7 +63,10 @@ class Generator : public Emitter {
   bool SetUpProgress();
   bool WriteSections();
   void SaveAll();
+  // `base` + `extension` in the project's folder, and the files folder, both written with
+  // the separator of the folder's path.
   std::string PathOf(const std::string& base, const char* extension) const;
+  std::string FilesFolderPath() const;
 
   platform::MsgAnswer Ask(const std::string& text);
   void Tell(const std::string& text, platform::MsgIcon icon);

@@ -7,13 +7,15 @@ namespace {
 
 bool IsSeparator(char c) { return c == '\\' || c == '/'; }
 
+bool HasDrive(std::string_view path) {
+  return path.size() >= 2 && std::isalpha(static_cast<unsigned char>(path[0])) && path[1] == ':';
+}
+
 // Length of the path's root: "X:" or "X:\" for a drive, the leading separators
 // otherwise ("\", "/", "\\"), 0 for a relative path.
 std::size_t RootLength(std::string_view path) {
   std::size_t n = 0;
-  if (path.size() >= 2 && std::isalpha(static_cast<unsigned char>(path[0])) && path[1] == ':') {
-    n = 2;
-  }
+  if (HasDrive(path)) n = 2;
   while (n < path.size() && IsSeparator(path[n])) ++n;
   return n;
 }
@@ -32,6 +34,13 @@ std::size_t NameStart(std::string_view trimmed) {
     if (IsSeparator(trimmed[i - 1])) return i;
   }
   return root;
+}
+
+// The separator `path` is written with: its last one; without any, "\" for a drive.
+char SeparatorOf(std::string_view path) {
+  const std::size_t last = path.find_last_of("\\/");
+  if (last != std::string_view::npos) return path[last];
+  return HasDrive(path) ? '\\' : '/';
 }
 
 }  // namespace
@@ -61,6 +70,13 @@ std::string ParentFolder(std::string_view path) {
   std::size_t end = start;
   while (end > root && IsSeparator(trimmed[end - 1])) --end;
   return std::string(trimmed.substr(0, end));
+}
+
+std::string JoinPath(std::string_view folder, std::string_view name) {
+  std::string path(folder);
+  if (!path.empty() && !IsSeparator(path.back())) path += SeparatorOf(folder);
+  path += name;
+  return path;
 }
 
 }  // namespace platform

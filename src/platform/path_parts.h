@@ -15,4 +15,9 @@ std::string ExtensionName(std::string_view path);
 // "C:\a\Coil.vbp" -> "C:\a" (GetParentFolderName: without a trailing separator)
 std::string ParentFolder(std::string_view path);
 
+// `folder` and `name` joined with the separator the folder is written with (its last
+// one; without any, "\" for a drive "C:" and "/" otherwise); a separator that ends the
+// folder is not doubled. "/home/ann" + "Coil.vbp" -> "/home/ann/Coil.vbp".
+std::string JoinPath(std::string_view folder, std::string_view name);
+
 }  // namespace platform

@@ -220,4 +220,11 @@ inline constexpr int kNoParameterSelected = 13202;
 inline constexpr int kRemoveQuestionBefore = 13203;  // + description + After
 inline constexpr int kRemoveQuestionAfter = 13204;
 
+// Characters the session's code page cannot hold: Before + code page + Middle +
+// characters + TextEnd (a text field or cell) or PathEnd (a path, which is not taken).
+inline constexpr int kUnheldBefore = 15000;
+inline constexpr int kUnheldMiddle = 15001;
+inline constexpr int kUnheldTextEnd = 15002;
+inline constexpr int kUnheldPathEnd = 15003;
+
 }  // namespace resources

@@ -1,11 +1,15 @@
 #include "session/record_check.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
 
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "session/code_page_notice.h"
+#include "vbrt/codepage.h"
+#include "vbrt/line_end.h"
 #include "vbrt/numbers.h"
 
 namespace session {
@@ -180,5 +184,39 @@ class Checker {
 }  // namespace
 
 std::vector<std::string> CheckRecord(const FormState& form) { return Checker(form).Run(); }
+
+std::vector<std::string> CheckFileText(std::string_view file) {
+  std::vector<std::string> problems;
+  const std::string& codePage = vbrt::AnsiCodePage();
+  for (int number = 1; !file.empty(); ++number) {
+    const std::size_t end = vbrt::FindLineEnd(file);
+    const std::string_view line = file.substr(0, end);
+    file.remove_prefix(end);
+    if (file.starts_with("\r\n")) {
+      file.remove_prefix(2);
+    } else if (!file.empty()) {
+      file.remove_prefix(1);
+    }
+    if (vbrt::IsCodePageNeutral(line)) continue;
+    const std::size_t equals = line.find('=');
+    const std::string where =
+        "line " + std::to_string(number) +
+        (equals == std::string_view::npos ? "" : " " + std::string(line.substr(0, equals)));
+    const std::string_view text = equals == std::string_view::npos ? line : line.substr(equals + 1);
+    const std::string read = vbrt::FromAnsi(text);
+    if (vbrt::IsUtf8(text) && read != text) {
+      std::string problem = where + ": \"" + std::string(text) + "\" is UTF-8 text, which " +
+                            codePage + " reads as \"" + read + "\"";
+      const std::string lost = CodePageWarning(text);
+      problems.push_back(lost.empty() ? problem + "; save the file in " + codePage
+                                      : problem + ". " + lost);
+    } else if (std::count(read.begin(), read.end(), '?') >
+               std::count(text.begin(), text.end(), '?')) {
+      problems.push_back(where + ": bytes that are no characters of " + codePage +
+                         " are read as \"?\": \"" + read + "\"");
+    }
+  }
+  return problems;
+}
 
 }  // namespace session

@@ -204,13 +204,22 @@ bool LoadSession(FormState& form, SessionIo io, const std::string& path, std::st
     message = "Error: Cannt open generation file '" + path + "' for reading";
     return false;
   }
-  // A failure leaves the file open under its number and keeps what was read.
+  // A failure keeps what was read; the file is closed whatever the outcome, so that the
+  // user can go on to load or save another session.
+  bool loaded = false;
   try {
-    return Reader(form, io.files, message).Run();
+    loaded = Reader(form, io.files, message).Run();
   } catch (const std::exception&) {
     message = "Error loading data from generation file";
-    return false;
   }
+  if (!loaded) io.files.Close(kFile);  // an input file has nothing to flush
+  return loaded;
+}
+
+std::string IncompleteSessionMessage(const std::string& path) {
+  return "'" + path +
+         "' is not a complete session file: it ends without \"[END]\", or a parameter key "
+         "comes before the DESCRIPTION of its section";
 }
 
 bool SaveSession(const FormState& form, SessionIo io, const std::string& path,

@@ -18,8 +18,12 @@ struct SessionIo {
 // Reads the session at `path` into the form's controls, adding to what they hold and
 // running the change handlers of the path fields. True on success; false on failure, with
 // `message` set to the text to show or left as it was (see the reader's failure table).
-// A failed load keeps what it read and leaves file number 1 taken.
+// A failed load keeps what it read; the file is closed either way.
 bool LoadSession(FormState& form, SessionIo io, const std::string& path, std::string& message);
+
+// Why a load that failed without a message failed, naming `path`: "'…' is not a complete
+// session file: …".
+std::string IncompleteSessionMessage(const std::string& path);
 
 // Writes the form's record to `path`, replacing the file. An empty path writes nothing
 // and succeeds. False with `message` set on failure; file number 1 then stays taken.

@@ -181,4 +181,35 @@ std::string FromAnsi(std::string_view ansi) {
   return Current().FromAnsi().Convert(ansi, OneByte);
 }
 
+bool IsUtf8(std::string_view bytes) {
+  for (std::size_t i = 0; i < bytes.size();) {
+    const std::size_t length = Utf8CharacterLength(bytes.substr(i));
+    if (length == 1 && static_cast<unsigned char>(bytes[i]) >= 0x80) return false;
+    i += length;
+  }
+  return true;
+}
+
+std::string UnheldCharacters(std::string_view utf8) {
+  std::string unheld;
+  if (IsCodePageNeutral(utf8)) return unheld;
+  CodePage& codePage = Current();
+  for (std::size_t i = 0; i < utf8.size();) {
+    const std::size_t length = Utf8CharacterLength(utf8.substr(i));
+    const std::string_view character = utf8.substr(i, length);
+    i += length;
+    if (character == std::string_view(&kReplacement, 1)) continue;
+    if (codePage.AsciiAsIs() && IsAscii(character)) continue;
+    const bool invalid = length == 1 && static_cast<unsigned char>(character[0]) >= 0x80;
+    if (!invalid && codePage.ToAnsi().Convert(character, Utf8CharacterLength) !=
+                        std::string_view(&kReplacement, 1)) {
+      continue;
+    }
+    const std::string_view shown = invalid ? std::string_view("\xEF\xBF\xBD") : character;
+    // Whole UTF-8 characters cannot match across a boundary of others.
+    if (unheld.find(shown) == std::string::npos) unheld += shown;
+  }
+  return unheld;
+}
+
 }  // namespace vbrt

@@ -22,4 +22,12 @@ std::string ToAnsi(std::string_view utf8);
 // ANSI code page bytes to UTF-8; bytes the code page leaves undefined become "?".
 std::string FromAnsi(std::string_view ansi);
 
+// Whether `bytes` are well-formed UTF-8.
+bool IsUtf8(std::string_view bytes);
+
+// The characters of `utf8` that the ANSI code page cannot hold (those ToAnsi turns into
+// "?"), each once and in the order they first appear; "" when it holds them all. An
+// invalid UTF-8 byte counts as such a character and is given as U+FFFD.
+std::string UnheldCharacters(std::string_view utf8);
+
 }  // namespace vbrt

@@ -13,6 +13,7 @@
 
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
 namespace wizard {
@@ -102,8 +103,11 @@ InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* paren
   top->addLayout(fields, 1);
   top->addSpacing(12);
   top->addWidget(group);
+  // Under the fields: why OK is off, and what the code page would lose.
+  status_ = NewNoticeLabel("lblStatus");
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(top);
+  layout->addWidget(status_);
   layout->addSpacing(8);
   layout->addWidget(buttons);
   setMinimumWidth(520);
@@ -138,6 +142,15 @@ void InputParameterDialog::Show(const InputDialog& state) {
     button->setChecked(types_->id(button) == state.typeOption);
   types_->setExclusive(true);
   ok_->setEnabled(state.okEnabled);
+  ShowNotice(*status_, {state.reason, state.notice});
+  if (state.focus) {  // a limit that OK refused, ready to be typed over
+    for (const FieldRow& row : kFields) {
+      if (row.field != *state.focus) continue;
+      auto* edit = findChild<QLineEdit*>(row.name);
+      edit->setFocus(Qt::OtherFocusReason);
+      edit->selectAll();
+    }
+  }
 }
 
 void InputParameterDialog::reject() {

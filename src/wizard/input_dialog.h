@@ -8,6 +8,7 @@
 #include "wizard/model/input_page.h"
 
 class QButtonGroup;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -33,6 +34,7 @@ class InputParameterDialog : public QDialog {
   FormForwarder forward_;
   QButtonGroup* types_ = nullptr;
   QPushButton* ok_ = nullptr;
+  QLabel* status_ = nullptr;  // why OK is off; characters the code page cannot hold
 };
 
 }  // namespace wizard

@@ -16,6 +16,7 @@
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
 #include "wizard/list_view_rows.h"
+#include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
 namespace wizard {
@@ -102,9 +103,11 @@ InputPageView::InputPageView(QWidget* parent) : QWidget(parent) {
   buttons->addWidget(add);
   buttons->addWidget(edit);
   buttons->addWidget(remove);
+  notice_ = NewNoticeLabel("lvInputNotice");
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(list_, 1);
+  layout->addWidget(notice_);
   layout->addLayout(buttons);
 }
 
@@ -125,6 +128,7 @@ void InputPageView::Show(WizardForm& form) {
   }
   ShowListRows(*list_, form.State().lvInput);
   ShowEditor(page.Editor());
+  ShowNotice(*notice_, {page.Editor().open ? page.Editor().notice : ""});
   dialog_.Show(page.Dialog());
   showing_ = false;
 }

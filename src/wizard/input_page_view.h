@@ -12,6 +12,7 @@
 #include "wizard/model/input_page.h"
 
 class QComboBox;
+class QLabel;
 class QKeyEvent;
 class QLineEdit;
 class QTreeWidget;
@@ -45,6 +46,7 @@ class InputPageView : public QWidget {
   QTreeWidget* list_;
   QLineEdit* edit_;   // lvEdit
   QComboBox* combo_;  // lvCombo
+  QLabel* notice_;    // what the code page would lose of the cell being typed
   CellEditor editor_;  // as last shown
   bool showing_ = false;  // Show moves the focus: that is no leaving of the editor
   ModalDialog<InputParameterDialog, InputDialog> dialog_;

@@ -1,7 +1,10 @@
 #include "wizard/message_box_prompter.h"
 
 #include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QSpacerItem>
 
 #include "wizard/qt_text.h"
 
@@ -23,12 +26,34 @@ QMessageBox::Icon IconOf(MsgIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+// What a title bar takes beside the title: the window's icon and its buttons.
+constexpr int kTitleBarExtras = 160;
+
+// The blank before a question's "?" does not break: "Overwrite ?" keeps its "?".
+QString KeepQuestionMarks(QString text) {
+  return text.replace(" ?", QString(QChar::Nbsp) + '?');
+}
+
+// A short message would make a box narrower than its title, which the window manager then
+// cuts short: the box is made wide enough for the whole title.
+void WidenForTitle(QMessageBox& box) {
+  QFont font = box.font();
+  font.setBold(true);  // title bars use a bold face more often than not
+  const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + kTitleBarExtras;
+  if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+    grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Minimum),
+                  grid->rowCount(), 0, 1, grid->columnCount());
+  }
+}
+
 }  // namespace
 
 MsgAnswer MessageBoxPrompter::Show(const platform::Message& message) {
   QMessageBox box(IconOf(message.icon),
                   message.title.empty() ? defaultTitle_ : ToQt(message.title),
-                  ToQt(message.text), QMessageBox::NoButton, QApplication::activeWindow());
+                  KeepQuestionMarks(ToQt(message.text)), QMessageBox::NoButton,
+                  QApplication::activeWindow());
+  WidenForTitle(box);
   switch (message.buttons) {
     case MsgButtons::OK:
       box.setStandardButtons(QMessageBox::Ok);

@@ -9,6 +9,7 @@
 
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
 namespace wizard {
@@ -51,8 +52,10 @@ OutputParameterDialog::OutputParameterDialog(FormForwarder forward, QWidget* par
     forward_([](WizardForm& form) { form.ShowHelpTopic(kCustomOutputHelpTopic); });
   });
 
+  notice_ = NewNoticeLabel("lblStatus");
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(fields);
+  layout->addWidget(notice_);
   layout->addSpacing(8);
   layout->addWidget(buttons);
   setMinimumWidth(460);
@@ -78,6 +81,7 @@ void OutputParameterDialog::Show(const OutputDialog& state) {
   if (name_->text() != name) name_->setText(name);
   const QString value = ToQt(state.edValue);
   if (value_->text() != value) value_->setText(value);
+  ShowNotice(*notice_, {state.notice});
   if (state.nameSelected && !isVisible()) {  // ready to be typed over when it opens
     name_->setFocus(Qt::OtherFocusReason);
     name_->selectAll();

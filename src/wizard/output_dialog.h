@@ -6,6 +6,7 @@
 #include "wizard/form_forwarder.h"
 #include "wizard/model/output_page.h"
 
+class QLabel;
 class QLineEdit;
 
 namespace wizard {
@@ -29,6 +30,7 @@ class OutputParameterDialog : public QDialog {
   FormForwarder forward_;
   QLineEdit* name_ = nullptr;
   QLineEdit* value_ = nullptr;
+  QLabel* notice_ = nullptr;  // characters the code page cannot hold
 };
 
 }  // namespace wizard

@@ -1,11 +1,14 @@
 #include "wizard/output_page_view.h"
 
+#include <QFontMetrics>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <QTreeWidget>
+#include <algorithm>
 
 #include "wizard/list_view_rows.h"
 #include "resources/string_ids.h"
@@ -32,6 +35,25 @@ QLabel* Label(const char* name) {
   return label;
 }
 
+// Width of the widest of `texts` in `list`'s font.
+int WidestText(const QTreeWidget& list, const std::vector<std::string>& texts) {
+  const QFontMetrics metrics(list.font());
+  int widest = 0;
+  for (const std::string& text : texts) {
+    widest = std::max(widest, metrics.horizontalAdvance(ToQt(text)));
+  }
+  return widest;
+}
+
+// What a list takes around its text: icon, item margins, frame and vertical scroll bar.
+int ListExtras(const QTreeWidget& list) {
+  return list.iconSize().width() + 24 + 2 * list.frameWidth() +
+         list.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+}
+
+// The button between the two lists.
+constexpr int kAddButtonWidth = 36;
+
 QPushButton* PageButton(const char* name) {
   auto* button = new QPushButton;
   button->setObjectName(name);
@@ -45,12 +67,19 @@ OutputPageView::OutputPageView(QWidget* parent) : QWidget(parent) {
   outputs_ = List("lvOutput", QAbstractItemView::SingleSelection);
   outputs_->setHeaderLabels({ToQt(resources::LoadResString(resources::kColumnDescription)),
                              ToQt(resources::LoadResString(resources::kOutputValueColumn))});
-  outputs_->setColumnWidth(0, 170);
   standard_ = List("lvStandard", QAbstractItemView::ExtendedSelection);
   standard_->setHeaderHidden(true);
 
+  // lvStandard is never narrower than the longest description any problem type offers;
+  // lvOutput would like room for such a description and its expression side by side.
+  const StandardTexts texts = OutputPage::AllStandardTexts();
+  standard_->setMinimumWidth(WidestText(*standard_, texts.descriptions) + ListExtras(*standard_));
+  standard_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // never needed then
+  wantedOutputsWidth_ = WidestText(*outputs_, texts.descriptions) +
+                        WidestText(*outputs_, texts.expressions) + 32 + ListExtras(*outputs_);
+
   auto* add = PageButton("btnOutputStandard");
-  add->setFixedWidth(36);
+  add->setFixedWidth(kAddButtonWidth);
   auto* custom = PageButton("btnOutputCustom");
   auto* edit = PageButton("btnOutputEdit");
   auto* remove = PageButton("btnOutputRemove");
@@ -86,8 +115,8 @@ OutputPageView::OutputPageView(QWidget* parent) : QWidget(parent) {
   for (QPushButton* button : {custom, edit, remove}) buttons->addWidget(button);
   buttons->addStretch();
   grid->addLayout(buttons, 2, 0);
-  grid->setColumnStretch(0, 3);
-  grid->setColumnStretch(2, 2);
+  // lvStandard keeps the width of its longest description; lvOutput takes the rest.
+  grid->setColumnStretch(0, 1);
 }
 
 void OutputPageView::Connect(FormForwarder forward) { forward_ = std::move(forward); }
@@ -104,9 +133,31 @@ void OutputPageView::ForwardSelection(QTreeWidget* view,
   forward_([view, list](WizardForm& form) { TakeSelection(*view, form.State().*list); });
 }
 
+QSize OutputPageView::sizeHint() const {
+  const QSize hint = QWidget::sizeHint();
+  const int spacing = 2 * layout()->spacing();
+  return {std::max(hint.width(), wantedOutputsWidth_ + kAddButtonWidth + spacing +
+                                     standard_->minimumWidth()),
+          hint.height()};
+}
+
+void OutputPageView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  SizeColumns();
+}
+
+void OutputPageView::SizeColumns() {
+  // The description as wide as its longest text, as far as that leaves the expression a
+  // fair share of the list; the expression takes the rest.
+  const QAbstractItemView& view = *outputs_;  // where the column's hint is public
+  const int fits = std::max(view.sizeHintForColumn(0), outputs_->header()->sectionSizeHint(0));
+  outputs_->setColumnWidth(0, std::min(fits, outputs_->viewport()->width() * 3 / 5));
+}
+
 void OutputPageView::Show(WizardForm& form) {
   showing_ = true;
   ShowListRows(*outputs_, form.State().lvOutput);
+  SizeColumns();
   ShowListRows(*standard_, form.State().lvStandard);
   dialog_.Show(form.Outputs().Dialog());
   showing_ = false;

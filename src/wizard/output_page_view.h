@@ -25,8 +25,15 @@ class OutputPageView : public QWidget {
   // Shows the form's lvOutput, lvStandard and dialog. A dialog the page has opened is run
   // (modally) once the action that opened it has been shown.
   void Show(WizardForm& form);
+  // Room for lvStandard's longest description and for lvOutput's description and
+  // expression side by side.
+  QSize sizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void SizeColumns();
   void Do(const std::function<void(OutputPage&)>& action);
   void ForwardSelection(QTreeWidget* view, session::ListView session::FormState::*list);
 
@@ -34,6 +41,8 @@ class OutputPageView : public QWidget {
   QTreeWidget* outputs_;   // lvOutput
   QTreeWidget* standard_;  // lvStandard
   bool showing_ = false;   // Show sets the selections: that is not the user's doing
+  // lvOutput's width for the longest standard description and expression side by side.
+  int wantedOutputsWidth_ = 0;
   ModalDialog<OutputParameterDialog, OutputDialog> dialog_;
 };
 

@@ -78,7 +78,17 @@ void DrawCheck(QPainter& p) {
   p.drawPolyline(QPolygonF({QPointF(30, 52), QPointF(45, 67), QPointF(72, 36)}));
 }
 
-void DrawGlyph(QPainter& p, int page) {
+// A clipboard with a list whose boxes are still empty: there is something left to do.
+void DrawList(QPainter& p) {
+  p.drawRoundedRect(QRectF(20, 12, 60, 84), 4, 4);
+  p.drawRect(QRectF(38, 6, 24, 12));
+  for (int y = 34; y <= 74; y += 20) {
+    p.drawRect(QRectF(30, y - 6, 12, 12));
+    p.drawLine(QPointF(50, y), QPointF(70, y));
+  }
+}
+
+void DrawGlyph(QPainter& p, int page, FinishPicture finish) {
   switch (page) {
     case 0: DrawStar(p); break;
     case 1: DrawDocument(p); break;
@@ -87,13 +97,13 @@ void DrawGlyph(QPainter& p, int page) {
     case 4: DrawMesh(p); break;
     case 5: DrawArrowBox(p, true); break;
     case 6: DrawArrowBox(p, false); break;
-    default: DrawCheck(p); break;
+    default: finish == FinishPicture::Done ? DrawCheck(p) : DrawList(p); break;
   }
 }
 
 }  // namespace
 
-QPixmap PagePicture(int page, QSize size) {
+QPixmap PagePicture(int page, QSize size, FinishPicture finish) {
   QPixmap picture(size);
   QPainter p(&picture);
   p.setRenderHint(QPainter::Antialiasing);
@@ -106,7 +116,7 @@ QPixmap PagePicture(int page, QSize size) {
   p.scale(side / 100, side / 100);
   p.setPen(QPen(QColor(240, 246, 255), 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   p.setBrush(Qt::NoBrush);
-  DrawGlyph(p, page);
+  DrawGlyph(p, page, finish);
   return picture;
 }
 

@@ -13,6 +13,7 @@
 
 #include "wizard/input_page_view.h"
 #include "wizard/model_picture_view.h"
+#include "wizard/notice_label.h"
 #include "wizard/output_page_view.h"
 #include "wizard/pictures.h"
 
@@ -20,20 +21,6 @@ namespace wizard {
 namespace {
 
 constexpr int kPictureWidth = 150;
-
-// The page's picture, drawn over the page's whole height.
-class PictureStrip : public QWidget {
- public:
-  explicit PictureStrip(int page) : page_(page) { setFixedWidth(kPictureWidth); }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter(this).drawPixmap(0, 0, PagePicture(page_, size()));
-  }
-
- private:
-  int page_;
-};
 
 template <typename Widget>
 Widget* Named(const char* name) {
@@ -57,15 +44,19 @@ QLabel* Heading(const char* name) {
   return label;
 }
 
-// A text field with its browse button beside it.
-QHBoxLayout* FieldRow(const char* field, const char* button) {
+// The line under a text field that tells what the field cannot take: "<field>Notice".
+QLabel* FieldNotice(const char* field) { return NewNoticeLabel(QString(field) + "Notice"); }
+
+// A text field with its browse button beside it, and its notice line below.
+void FieldRow(QVBoxLayout& content, const char* field, const char* button) {
   auto* row = new QHBoxLayout;
   row->addWidget(Named<QLineEdit>(field), 1);
   auto* browse = Named<QPushButton>(button);
   browse->setText("...");
   browse->setFixedWidth(36);
   row->addWidget(browse);
-  return row;
+  content.addLayout(row);
+  content.addWidget(FieldNotice(field));
 }
 
 void BuildIntroduction(QVBoxLayout& content) {
@@ -79,15 +70,16 @@ void BuildIntroduction(QVBoxLayout& content) {
 
 void BuildSaving(QVBoxLayout& content) {
   content.addWidget(Text("lblSaving_File"));
-  content.addLayout(FieldRow("edFile", "btnFile"));
+  FieldRow(content, "edFile", "btnFile");
 }
 
 void BuildProject(QVBoxLayout& content) {
   content.addWidget(Text("lblGeneral_Project"));
-  content.addLayout(FieldRow("edLocation", "btnLocation"));
+  FieldRow(content, "edLocation", "btnLocation");
   content.addSpacing(8);
   content.addWidget(Text("lblGeneral_Author"));
   content.addWidget(Named<QLineEdit>("edAuthor"));
+  content.addWidget(FieldNotice("edAuthor"));
   content.addSpacing(8);
   content.addWidget(Named<QCheckBox>("chkAsync"));
 }
@@ -113,7 +105,7 @@ void BuildProblem(QVBoxLayout& content) {
 void BasicFile(QVBoxLayout& content, const char* label, const char* field, const char* button,
                const char* code, const char* link) {
   content.addWidget(Text(label));
-  content.addLayout(FieldRow(field, button));
+  FieldRow(content, field, button);
   auto* options = new QHBoxLayout;
   for (const char* name : {code, link}) {
     auto* option = Named<QRadioButton>(name);
@@ -128,7 +120,7 @@ void BuildBasicFiles(QVBoxLayout& content) {
   BasicFile(content, "lblData_ModelFile", "edModel", "btnModel", "optModelCode", "optModelLink");
   BasicFile(content, "lblData_DataFile", "edData", "btnData", "optDataCode", "optDataLink");
   content.addWidget(Text("lblData_Sketch"));
-  content.addLayout(FieldRow("edSketch", "btnSketch"));
+  FieldRow(content, "edSketch", "btnSketch");
   auto* sketch = new QHBoxLayout;
   sketch->addStretch();
   sketch->addWidget(Named<QPushButton>("btnCreateSketch"));
@@ -178,6 +170,21 @@ constexpr PageLayout kPages[] = {
 bool Stretches(int page) { return page == 4 || page == 5 || page == 6; }
 
 }  // namespace
+
+PictureStrip::PictureStrip(int page) : page_(page) {
+  setObjectName(QString("imgStep(%1)").arg(page));
+  setFixedWidth(kPictureWidth);
+}
+
+void PictureStrip::ShowFinish(FinishPicture finish) {
+  if (finish == finish_) return;
+  finish_ = finish;
+  update();
+}
+
+void PictureStrip::paintEvent(QPaintEvent*) {
+  QPainter(this).drawPixmap(0, 0, PagePicture(page_, size(), finish_));
+}
 
 QWidget* BuildPage(int page) {
   const PageLayout& layout = kPages[page];

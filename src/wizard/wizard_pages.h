@@ -4,7 +4,25 @@
 // it by that name; captions and contents are filled in by the window.
 #include <QWidget>
 
+#include "wizard/model/wizard_form.h"
+
 namespace wizard {
+
+// The picture at the left of a page, drawn over the page's whole height; named
+// "imgStep(<page>)".
+class PictureStrip : public QWidget {
+ public:
+  explicit PictureStrip(int page);
+  // The finish page's picture follows the form; other pages ignore this.
+  void ShowFinish(FinishPicture finish);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  int page_;
+  FinishPicture finish_ = FinishPicture::Done;
+};
 
 // Page `page` (0 to 7): its picture at the left, its heading, explanatory text and
 // controls at the right.

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QStyle>
 #include <QTimer>
@@ -17,6 +18,7 @@
 #include "wizard/browse_dialog.h"
 #include "wizard/input_page_view.h"
 #include "wizard/model_picture_view.h"
+#include "wizard/notice_label.h"
 #include "wizard/output_page_view.h"
 #include "wizard/qt_text.h"
 #include "wizard/wizard_pages.h"
@@ -29,15 +31,10 @@ using session::FormState;
 struct FieldControl {
   Field field;
   const char* name;
-  std::string FormState::*text;
 };
 constexpr FieldControl kFields[] = {
-    {Field::File, "edFile", &FormState::edFile},
-    {Field::Location, "edLocation", &FormState::edLocation},
-    {Field::Author, "edAuthor", &FormState::edAuthor},
-    {Field::Model, "edModel", &FormState::edModel},
-    {Field::Data, "edData", &FormState::edData},
-    {Field::Sketch, "edSketch", &FormState::edSketch},
+    {Field::File, "edFile"},     {Field::Location, "edLocation"}, {Field::Author, "edAuthor"},
+    {Field::Model, "edModel"},   {Field::Data, "edData"},         {Field::Sketch, "edSketch"},
 };
 
 struct ChoiceControl {
@@ -102,8 +99,13 @@ WizardWindow::WizardWindow(WizardForm& form, const platform::FileSystem& fs)
   // Enter presses only the button the form makes the default, never the focused one.
   for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
   ConnectFields();
-  resize(760, 500);
   ApplyState();
+  // As large as the pages ask (the output page: its longest texts whole), within the screen.
+  QSize size = sizeHint().expandedTo(QSize(760, 500));
+  if (const QScreen* screen = this->screen()) {
+    size = size.boundedTo(screen->availableGeometry().size() * 9 / 10);
+  }
+  resize(size);
 }
 
 void WizardWindow::BuildButtons(QWidget* bar) {
@@ -130,8 +132,10 @@ void WizardWindow::ConnectFields() {
   for (const FieldControl& control : kFields) {
     auto* edit = findChild<QLineEdit*>(control.name);
     edit->installEventFilter(this);
+    // Shown again at once: a path the form does not take goes back to what it was, and
+    // the field's notice line follows the text.
     connect(edit, &QLineEdit::textEdited, this, [this, field = control.field](const QString& text) {
-      if (form_ != nullptr) form_->TextEdited(field, FromQt(text));
+      Forward([field, text = FromQt(text)](WizardForm& form) { form.TextEdited(field, text); });
     });
   }
   for (const ChoiceControl& control : kChoices) {
@@ -236,8 +240,10 @@ void WizardWindow::ApplyFields() {
   const FormState& state = form_->State();
   for (const FieldControl& control : kFields) {
     auto* edit = findChild<QLineEdit*>(control.name);
-    const QString text = ToQt(state.*control.text);
+    const QString text = ToQt(form_->FieldText(control.field));
     if (edit->text() != text) edit->setText(text);
+    ShowNotice(*findChild<QLabel*>(QString(control.name) + "Notice"),
+               {form_->FieldNotice(control.field)});
   }
   for (const ChoiceControl& control : kChoices) {
     auto* combo = findChild<QComboBox*>(control.name);
@@ -298,6 +304,7 @@ void WizardWindow::ApplyFinishPage() {
                                           ? QStyle::SP_MessageBoxWarning
                                           : QStyle::SP_MessageBoxInformation;
   findChild<QLabel*>("imgResult")->setPixmap(style()->standardIcon(icon).pixmap(32, 32));
+  findChild<PictureStrip*>("imgStep(7)")->ShowFinish(form_->PictureOfFinish());
 }
 
 }  // namespace wizard

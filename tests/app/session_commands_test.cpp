@@ -81,11 +81,13 @@ TEST_F(SessionCommandsTest, CheckReportsProblemsAndUnreadableFiles) {
 
   EXPECT_EQ(Run("session check " + Session("odd.bvg", "[GENERAL]\r\nPROJECT=" + Path("Odd.vbp") +
                                              "\r\n\r\n[INPUT]\r\nDESCRIPTION=Gap\r\nTYPE=Physical\r\n"
-                                             "VARIABLE=g\r\nMIN=3\r\nMAX=1\r\nDEFAULT=2\r\n\r\n"
-                                             "[END]\r\n")),
+                                             "VARIABLE=g\r\nUNIT=µm\r\nMIN=3\r\nMAX=1\r\n"
+                                             "DEFAULT=2\r\n\r\n[END]\r\n")),
             1);
-  EXPECT_EQ(out_, "Input 1 \"Gap\": MIN 3 is greater than MAX 1\n" + Path("odd.bvg") +
-                      ": 1 problem\n");
+  EXPECT_EQ(out_, "Input 1 \"Gap\": MIN 3 is greater than MAX 1\n"
+                  "line 8 UNIT: \"µm\" is UTF-8 text, which WINDOWS-1252 reads as \"Âµm\"; save "
+                  "the file in WINDOWS-1252\n" +
+                      Path("odd.bvg") + ": 2 problems\n");
 
   EXPECT_EQ(Run("session check '" + scratch_.Path().string() + "'"), 2);
   EXPECT_NE(err_.find("is a folder, not a session file"), std::string::npos) << err_;

@@ -99,6 +99,24 @@ TEST_F(GeneratorTest, ExistingFilesFolderAnsweredYesOrCancel) {
   EXPECT_EQ(form_.FilesFolder, "\\Coil_Files");
 }
 
+TEST_F(GeneratorTest, PathsItBuildsTakeTheSeparatorOfTheLocation) {
+  const std::string location = (scratch_.Path() / "proj").string();
+  form_.theLocation = location;
+  fs::create_directories(scratch_.Path() / "proj/Coil_Files");
+  scratch_.Write("proj/Coil.vbp", "old");
+  prompter_.Answer(MsgAnswer::No);
+  prompter_.Answer(MsgAnswer::No);
+  ASSERT_TRUE(Generate());
+  EXPECT_NE(prompter_.shown[0].text.find("Folder '" + location + "/Coil_Files' already"),
+            std::string::npos) << prompter_.shown[0].text;
+  EXPECT_EQ(prompter_.shown[1].text,
+            "Project file '" + location + "/Coil.vbp' already exists. Overwrite ?");
+  // The generated code still names the folder the Windows way.
+  EXPECT_EQ(form_.FilesFolder, "\\Coil_Files 2");
+  EXPECT_EQ(written_.front(), location + "/Coil_Files 2/Coil_Basic.mod");
+  EXPECT_EQ(written_.back(), location + "/Coil 2.vbp");
+}
+
 // A file of the project that exists already: Yes writes over it, No keeps it and takes the
 // next free name (probed without the blank, taken with it), Cancel ends the run at once.
 struct OverwriteCase {

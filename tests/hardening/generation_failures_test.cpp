@@ -68,7 +68,7 @@ class GenerationFailures : public generator::test::GenerationTest {
 TEST_F(GenerationFailures, FilesFolderThatCannotBeMadeEndsTheRunAndTouchesNothing) {
   form_.theLocation = "/sys";  // refuses new folders
   EXPECT_FALSE(Generate());
-  EXPECT_THAT(LastMessage().text, HasSubstr("/sys\\Big_Files"));
+  EXPECT_THAT(LastMessage().text, HasSubstr("/sys/Big_Files"));
   EXPECT_FALSE(fs::exists("/sys/Big_Files"));
 
   form_.theLocation = scratch_.Path().string();

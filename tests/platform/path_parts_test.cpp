@@ -35,5 +35,16 @@ TEST(PathParts, UsesTheLastDotOfTheFileNameOnly) {
   EXPECT_EQ(BaseName(""), "");
 }
 
+TEST(PathParts, JoinsInTheFolderPathsOwnForm) {
+  EXPECT_EQ(JoinPath("C:\\Tools\\Wizard", "WizardSessions"), "C:\\Tools\\Wizard\\WizardSessions");
+  EXPECT_EQ(JoinPath("/opt/eow/bin/", "x.bvg"), "/opt/eow/bin/x.bvg");
+  EXPECT_EQ(JoinPath("/home/ann/proj", "Demo.vbp"), "/home/ann/proj/Demo.vbp");
+  EXPECT_EQ(JoinPath("C:\\", "x.bvg"), "C:\\x.bvg");
+  EXPECT_EQ(JoinPath("C:", "x.bvg"), "C:\\x.bvg");
+  EXPECT_EQ(JoinPath("C:/Models", "x.bvg"), "C:/Models/x.bvg");
+  EXPECT_EQ(JoinPath("/home/ann\\proj", "x.bvg"), "/home/ann\\proj\\x.bvg");
+  EXPECT_EQ(JoinPath("", "x.bvg"), "x.bvg");
+}
+
 }  // namespace
 }  // namespace platform

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "session_test_support.h"
+#include "vbrt/codepage.h"
 
 namespace session::test {
 namespace {
@@ -63,6 +64,38 @@ TEST(RecordCheckTest, OutputRows) {
                 "Output 2 \"Magnetic flux\": the result expression (VALUE) is empty",
                 "Output 3 \"Say \"hi\"\": the description \"Say \"hi\"\" holds a double quote, "
                 "which would end a string in the generated code"}));
+}
+
+// A session written by hand in UTF-8 is read in the code page: what that does to each line.
+TEST(RecordCheckTest, FileTextTheCodePageReadsOtherwise) {
+  const std::string kept = "these characters would be written as \"?\" in the session file and "
+                           "the generated code.";
+  const struct {
+    const char* codePage;
+    std::string line;
+    std::string problem;  // "" when the line reads as written
+  } cases[] = {
+      {"WINDOWS-1252", "AUTHOR=Design group", ""},
+      {"WINDOWS-1252", "AUTHOR=Jos\xE9", ""},  // the code page's own é
+      {"WINDOWS-1252", "AUTHOR=José Müller 张伟",
+       "line 1 AUTHOR: \"José Müller 张伟\" is UTF-8 text, which WINDOWS-1252 reads as "
+       "\"JosÃ© MÃ¼ller å¼\u00A0ä¼Ÿ\". The code page WINDOWS-1252 cannot hold \"张伟\": " + kept},
+      {"WINDOWS-1252", "UNIT=µm",
+       "line 1 UNIT: \"µm\" is UTF-8 text, which WINDOWS-1252 reads as \"Âµm\"; save the file "
+       "in WINDOWS-1252"},
+      {"WINDOWS-1252", "DESCRIPTION=a\x81?b",
+       "line 1 DESCRIPTION: bytes that are no characters of WINDOWS-1252 are read as \"?\": "
+       "\"a??b\""},
+      {"UTF-8", "AUTHOR=José 张伟", ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.line);
+    vbrt::SetAnsiCodePage(c.codePage);
+    const std::vector<std::string> problems = CheckFileText(c.line + "\r\n[END]\r\n");
+    vbrt::SetAnsiCodePage("WINDOWS-1252");
+    EXPECT_EQ(problems, c.problem.empty() ? std::vector<std::string>{}
+                                          : std::vector<std::string>{c.problem});
+  }
 }
 
 }  // namespace

@@ -26,6 +26,28 @@ TEST(CodePage, UnmappableCharactersAndInvalidBytesBecomeQuestionMarks) {
   EXPECT_EQ(vbrt::FromAnsi("a\x81" "b\x8D"), "a?b?");
 }
 
+TEST(CodePage, NamesTheCharactersItCannotHoldOnceEach) {
+  const struct {
+    const char* codePage;
+    std::string text;
+    std::string unheld;
+  } cases[] = {
+      {"WINDOWS-1252", "José Müller 张伟", "张伟"},
+      {"WINDOWS-1252", "长度 长度 ? €", "长度"},
+      {"WINDOWS-1252", "Grüße € – “x” ÿ", ""},
+      {"WINDOWS-1252", "aЖb\U0001F600Ж", "Ж\U0001F600"},
+      {"WINDOWS-1252", "a\xFF" "b", "\uFFFD"},
+      {"WINDOWS-1251", "Жé", "é"},
+      {"UTF-8", "José 张伟", ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.text);
+    vbrt::SetAnsiCodePage(c.codePage);
+    EXPECT_EQ(vbrt::UnheldCharacters(c.text), c.unheld);
+  }
+  vbrt::SetAnsiCodePage("WINDOWS-1252");
+}
+
 TEST(CodePage, LongTextsCutInsideCharactersAndFullOfRefusals) {
   std::string utf8;
   for (int i = 0; i < 200000; ++i) utf8 += "é\xE2\x82\xAC" "Ж";

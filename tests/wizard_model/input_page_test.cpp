@@ -361,5 +361,87 @@ TEST_F(InputPageTest, DialogEditsInPlaceOrMovesTheRowWhenTheVariableChanges) {
   EXPECT_THAT(Row(1), ElementsAre("Wide", "Postprocess", "y", "", "0", "10", "1"));
 }
 
+// OK stores Min, then Max, then Default with the rule of the in-place editors (the limits
+// left unchanged first), so the row leaves ordered whichever way it was edited and a
+// changed value wins; values the rule does not move keep the text they were typed as.
+TEST_F(InputPageTest, DialogLimitsLeaveTheRowOrdered) {
+  const struct {
+    std::vector<std::string> row;  // Min, Max, Default before; empty: a new parameter
+    std::vector<std::string> typed;
+    std::vector<std::string> stored;
+  } cases[] = {
+      {{}, {"20", "10", "2"}, {"2", "10", "2"}},
+      {{}, {"3", "1", "2"}, {"1", "2", "2"}},
+      {{}, {"5", "", ""}, {"1", "10", "1"}},  // the empty Default is 1, stored last
+      {{}, {"1e3", "1e6", "5e4"}, {"1e3", "1e6", "5e4"}},
+      {{"0", "10", "1"}, {"20", "10", "1"}, {"20", "20", "20"}},  // as typed into Min
+      {{"0", "10", "1"}, {"0", "10", "-5"}, {"-5", "10", "-5"}},
+      {{"20", "10", "2"}, {"20", "10", "2"}, {"2", "10", "2"}},  // a hand-made row
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::PrintToString(c.typed));
+    if (c.row.empty()) {
+      page_.AddClicked();
+      page_.DialogEdited(InputField::Name, "Gap");
+      page_.DialogEdited(InputField::Variable, "g");
+    } else {
+      AddRow("Gap", "g", c.row[0], c.row[1], c.row[2]);
+      lv_.SetSelected(0, true);
+      page_.EditClicked();
+    }
+    page_.DialogEdited(InputField::Min, c.typed[0]);
+    page_.DialogEdited(InputField::Max, c.typed[1]);
+    page_.DialogEdited(InputField::Value, c.typed[2]);
+    ASSERT_TRUE(page_.DialogAccept());
+    EXPECT_THAT(Row(0), ElementsAre("Gap", "Geometrical", "g", "", c.stored[0], c.stored[1],
+                                    c.stored[2]));
+    lv_.Remove(0);
+  }
+}
+
+// Why OK is off is shown in the dialog, and so are characters the code page cannot hold.
+TEST_F(InputPageTest, DialogTellsWhyOkIsOffAndWhatTheCodePageLoses) {
+  AddRow("Width", "w");
+  page_.AddClicked();
+  const struct {
+    InputField field;
+    const char* text;
+    const char* reason;
+  } steps[] = {
+      {InputField::Name, "", "Parameter description cann't be empty."},
+      {InputField::Name, "Width", "Parameter description must be unique."},
+      {InputField::Name, "Gap", "Parameter variable name cann't be empty."},
+      {InputField::Variable, "9g", "Invalid parameter variable name."},
+      {InputField::Variable, "w", "Parameter variable name must be unique."},
+      {InputField::Variable, "g", ""},
+  };
+  EXPECT_EQ(page_.Dialog().reason, steps[0].reason);
+  for (const auto& step : steps) {
+    page_.DialogEdited(step.field, step.text);
+    EXPECT_EQ(page_.Dialog().reason, step.reason) << step.text;
+    EXPECT_EQ(page_.Dialog().okEnabled, *step.reason == '\0');
+  }
+  EXPECT_EQ(page_.Dialog().notice, "");
+  page_.DialogEdited(InputField::Unit, "长度 m²");
+  EXPECT_EQ(page_.Dialog().notice,
+            "The code page WINDOWS-1252 cannot hold \"长度\": these characters would be written "
+            "as \"?\" in the session file and the generated code.");
+
+  // A refused limit takes the focus back; typing on lets it go.
+  page_.DialogEdited(InputField::Value, "one");
+  EXPECT_FALSE(page_.DialogAccept());
+  EXPECT_EQ(page_.Dialog().focus, InputField::Value);
+  page_.DialogEdited(InputField::Value, "1");
+  EXPECT_EQ(page_.Dialog().focus, std::nullopt);
+
+  // The cell editors tell the code page's losses the same way.
+  page_.DialogCancel();
+  page_.ClickCell(0, kColUnit);
+  page_.EditorTextChanged("长度 m");
+  EXPECT_EQ(page_.Editor().notice, page_.Dialog().notice);
+  page_.EditorTextChanged("m");
+  EXPECT_EQ(page_.Editor().notice, "");
+}
+
 }  // namespace
 }  // namespace wizard

@@ -170,16 +170,30 @@ TEST_F(SessionFileTest, UnchangedSettingsLoadAtOnceEvenFromAnotherMachine) {
   EXPECT_FALSE(changed_);
 }
 
-TEST_F(SessionFileTest, FailedLoadIsToldAndCountsAsLoaded) {
-  scratch_.Write("Other.bvg", "[GENERAL]\nAPPLICATION=Another wizard\n\n[END]\n");
-  form_.edFile = "M:\\Other.bvg";
-  changed_ = true;
-  prompter_.Answer(MsgAnswer::Yes);
-  EXPECT_FALSE(Leave());
-  EXPECT_EQ(prompter_.shown.size(), 2u);
-  EXPECT_EQ(prompter_.shown[1].text, "Error: Wrong Wizard generation saving file.");
-  EXPECT_EQ(prompter_.shown[1].icon, MsgIcon::Exclamation);
-  EXPECT_FALSE(changed_);
+TEST_F(SessionFileTest, FailedLoadIsToldClosesItsFileAndCountsAsLoaded) {
+  const struct {
+    const char* bytes;
+    std::string told;
+  } cases[] = {
+      {"[GENERAL]\nAPPLICATION=Another wizard\n\n[END]\n",
+       "Error: Wrong Wizard generation saving file."},
+      // The reader gives no text for a file that ends too early.
+      {"[GENERAL]\nAUTHOR=cut off here\n\n", session::IncompleteSessionMessage("M:\\Other.bvg")},
+  };
+  for (const auto& bad : cases) {
+    SCOPED_TRACE(bad.told);
+    scratch_.Write("Other.bvg", bad.bytes);
+    form_.edFile = "M:\\Other.bvg";
+    changed_ = true;
+    prompter_.shown.clear();
+    prompter_.Answer(MsgAnswer::Yes);
+    EXPECT_FALSE(Leave());
+    ASSERT_EQ(prompter_.shown.size(), 2u);
+    EXPECT_EQ(prompter_.shown[1].text, bad.told);
+    EXPECT_EQ(prompter_.shown[1].icon, MsgIcon::Exclamation);
+    EXPECT_FALSE(changed_);
+    EXPECT_FALSE(table_.IsOpen(1));
+  }
 }
 
 TEST_F(SessionFileTest, EmptyOrNewPathDoesNothing) {

@@ -9,12 +9,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(SessionFolder, JoinsInTheFolderPathsOwnForm) {
-  EXPECT_EQ(JoinPath("C:\\Tools\\Wizard", "WizardSessions"), "C:\\Tools\\Wizard\\WizardSessions");
-  EXPECT_EQ(JoinPath("/opt/eow/bin/", "x.bvg"), "/opt/eow/bin/x.bvg");
-  EXPECT_EQ(JoinPath("C:\\", "x.bvg"), "C:\\x.bvg");
-}
-
 TEST_F(WizardTest, UnwritableProgramFolderMovesTheSessionsToTheUsersFolderOnce) {
   // Running as root, no folder is read-only: a program "folder" below a regular file
   // cannot take a subfolder either.

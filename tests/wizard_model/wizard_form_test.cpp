@@ -123,6 +123,7 @@ TEST_F(WizardTest, FinishPageTellsWhatIsMissingUntilAProjectIsGiven) {
   EXPECT_EQ(form.FinishText2(),
             "Input 'Project name and location' on 'General' page of this Wizard.");
   EXPECT_EQ(form.FinishIcon(), "Exclamation");
+  EXPECT_EQ(form.PictureOfFinish(), FinishPicture::NotYet);
   EXPECT_EQ(form.DefaultButton(), Button::Next);
   EXPECT_FALSE(form.Finish());  // a disabled button does nothing
   EXPECT_EQ(generations_, 0);
@@ -137,7 +138,54 @@ TEST_F(WizardTest, FinishPageTellsWhatIsMissingUntilAProjectIsGiven) {
   EXPECT_EQ(form.FinishText2(),
             "To close this wizard and create the Visual Basic project, click Finish.");
   EXPECT_EQ(form.FinishIcon(), "Information");
+  EXPECT_EQ(form.PictureOfFinish(), FinishPicture::Done);
   EXPECT_EQ(form.DefaultButton(), Button::Finish);
+}
+
+// Text the code page cannot hold is told beside its field; a path with such characters
+// is not taken at all, whether typed or chosen in the file dialog.
+TEST_F(WizardTest, TextTheCodePageCannotHoldIsToldAndPathsRefuseIt) {
+  WizardForm& form = Start();
+  const std::string lost = "\": these characters would be written as \"?\" in the session file "
+                           "and the generated code.";
+  const std::string refused =
+      "\": a path written with \"?\" would lead nowhere, so it is not taken.";
+  GiveProject(form);
+  const std::string project = form.State().edLocation;
+  const struct {
+    Field field;
+    std::string text;
+    bool taken;
+    std::string notice;
+  } cases[] = {
+      {Field::Author, "José Müller", true, ""},
+      {Field::Author, "José Müller 张伟", true, "The code page WINDOWS-1252 cannot hold \"张伟" + lost},
+      {Field::Location, InScratch(""), true, ""},  // typed on towards the next case
+      {Field::Location, InScratch("项目/Demo.vbp"), false,
+       "The code page WINDOWS-1252 cannot hold \"项目" + refused},
+      {Field::Model, "/models/Ж.mod", false, "The code page WINDOWS-1252 cannot hold \"Ж" + refused},
+      {Field::Model, "/models/é.mod", true, ""},
+      {Field::File, InScratch("项目.bvg"), true, ""},  // never written in the code page
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.text);
+    EXPECT_EQ(form.TextEdited(c.field, c.text), c.taken);
+    EXPECT_EQ(form.FieldNotice(c.field), c.notice);
+    EXPECT_EQ(form.FieldText(c.field), c.text);  // shown as typed, taken or not
+  }
+  // The record goes back to the path it had before the typing began, and leaving the field
+  // checks nothing.
+  form.FieldLeft(Field::Location);
+  EXPECT_EQ(form.State().edLocation, project);
+  EXPECT_TRUE(form.FinishEnabled());
+  EXPECT_EQ(form.State().edModel, "/models/é.mod");
+  form.Browsed(Browse::Sketch, "/pictures/草图.bmp");
+  EXPECT_EQ(form.State().edSketch, "");
+  EXPECT_EQ(form.FieldText(Field::Sketch), "/pictures/草图.bmp");
+  EXPECT_NE(form.FieldNotice(Field::Sketch), "");
+  EXPECT_TRUE(prompter_.shown.empty()) << "told beside the field, not in a box";
+  form.TextEdited(Field::Sketch, "");
+  EXPECT_EQ(form.FieldNotice(Field::Sketch), "");
 }
 
 TEST_F(WizardTest, CancelAnsweredNoChangesNothingAndYesSavesAndCloses) {

@@ -5,11 +5,12 @@ int RunWizardWindowTests(int argc, char** argv);
 int RunWidgetPartsTests(int argc, char** argv);
 int RunParameterPagesTests(int argc, char** argv);
 int RunEndToEndTests(int argc, char** argv);
+int RunWindowFeedbackTests(int argc, char** argv);
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   int failed = 0;
   for (auto run : {RunWidgetPartsTests, RunWizardWindowTests, RunParameterPagesTests,
-                    RunEndToEndTests}) failed += run(argc, argv);
+                    RunEndToEndTests, RunWindowFeedbackTests}) failed += run(argc, argv);
   return failed == 0 ? 0 : 1;
 }

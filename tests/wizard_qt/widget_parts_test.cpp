@@ -9,8 +9,10 @@
 #include "vbrt/error.h"
 #include "wizard/file_filter.h"
 #include "wizard/help_window.h"
+#include "wizard/message_box_prompter.h"
 #include "wizard/progress_window.h"
 #include "wizard/qt_text.h"
+#include "wizard_fixture.h"
 
 class WidgetPartsTest : public QObject {
   Q_OBJECT
@@ -48,6 +50,32 @@ class WidgetPartsTest : public QObject {
     QCOMPARE(progress.Value(), 20.0f);
     progress.Unload();
     QVERIFY(!progress.isVisible());
+  }
+
+  // A box is never narrower than its title, and a question keeps its " ?" on one line.
+  void messageBoxesFitTheirTitleAndKeepTheirQuestionMark() {
+    wizard::MessageBoxPrompter prompter("SondelW");
+    const struct {
+      std::string text;
+      QString shown;
+    } cases[] = {
+        {"Nothing's selected.", "Nothing's selected."},
+        {"Module '/home/ann/projects/a-rather-long-folder-name/Demo.bas' already exists. "
+         "Overwrite ?",
+         "Module '/home/ann/projects/a-rather-long-folder-name/Demo.bas' already exists. "
+         "Overwrite\u00A0?"},
+    };
+    for (const auto& c : cases) {
+      auto ran = wizard_test::OnNextDialog([&](QDialog& box) {
+        QFont bold = box.font();
+        bold.setBold(true);
+        QVERIFY(box.width() > QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + 100);
+        QCOMPARE(box.findChild<QLabel*>("qt_msgbox_label")->text(), c.shown);
+      });
+      prompter.Show({c.text, platform::MsgButtons::YesNo, platform::MsgIcon::Question,
+                     "Zentrix Bravant ExploringObject Wizard"});
+      QVERIFY(*ran);
+    }
   }
 
   void helpReferencesSplitAtTheirMark() {

@@ -33,6 +33,18 @@ namespace wizard_test {
 // Opens a basic model for the fake analysis application; throws vbrt::VbError to refuse.
 using ModelOpener = std::function<std::unique_ptr<platform::BasicModel>(std::string_view path)>;
 
+// Types `text` into `widget` a character at a time, any character (keyClicks knows
+// Latin-1 only); with `whole`, in one go, as an input method or a paste gives it.
+inline void Type(QWidget* widget, const QString& text, bool whole = false) {
+  if (whole) {
+    QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, text, Qt::NoModifier);
+    return;
+  }
+  for (const QChar c : text) {
+    QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
+  }
+}
+
 class FakeAnalysis : public platform::AnalysisApplication {
  public:
   explicit FakeAnalysis(const ModelOpener& open) : open_(open) {}
@@ -97,7 +109,7 @@ class WizardFixture {
     edit->setFocus(Qt::MouseFocusReason);
     QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(edit, Qt::Key_Delete);
-    QTest::keyClicks(edit, QString::fromStdString(text));
+    Type(edit, QString::fromStdString(text));
     QTest::keyClick(edit, Qt::Key_Tab);
   }
 

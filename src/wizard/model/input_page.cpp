@@ -1,10 +1,12 @@
 #include "wizard/model/input_page.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "session/code_page_notice.h"
 #include "session/form_state.h"
 #include "vbrt/numbers.h"
 
@@ -188,7 +190,9 @@ void InputPage::ClickCell(int row, int column) {
 }
 
 void InputPage::EditorTextChanged(std::string text) {
-  if (editor_.open && editor_.kind == EditorKind::Edit) editor_.text = std::move(text);
+  if (!editor_.open || editor_.kind != EditorKind::Edit) return;
+  editor_.text = std::move(text);
+  editor_.notice = session::CodePageWarning(editor_.text);
 }
 
 void InputPage::TypeChosen(int index) {
@@ -235,23 +239,23 @@ bool InputPage::CommitNumber(const std::string& text) {
     return false;
   }
   const double value = vbrt::CDbl(text);
-  KeepOrdered(column, value);
-  lvInput_.SetSubItem(editor_.row, SubItemOf(column), vbrt::CStr(value));
+  StoreLimit(editor_.row, column, vbrt::CStr(value), value);
   return true;
 }
 
-void InputPage::KeepOrdered(int column, double value) {
+void InputPage::StoreLimit(int row, int column, const std::string& text, double value) {
   for (const int other : {kColMin, kColMax, kColDefault}) {
     if (other == column) continue;
-    const std::string& cell = lvInput_.SubItem(editor_.row, SubItemOf(other));
+    const std::string& cell = lvInput_.SubItem(row, SubItemOf(other));
     // A cell without a number (a hand-edited session) cannot be compared; it stays.
     if (!vbrt::IsNumeric(cell)) continue;
     const double current = vbrt::CDbl(cell);
     const bool above = Rank(other) > Rank(column);
     if (above ? current < value : current > value) {
-      lvInput_.SetSubItem(editor_.row, SubItemOf(other), vbrt::CStr(value));
+      lvInput_.SetSubItem(row, SubItemOf(other), vbrt::CStr(value));
     }
   }
+  lvInput_.SetSubItem(row, SubItemOf(column), text);
 }
 
 void InputPage::SetVariable(int row, std::string variable) {
@@ -338,7 +342,7 @@ void InputPage::OpenDialog(int row) {
     const auto found = std::find(typeItems_.begin(), offered, type);
     dialog_.typeOption = found == offered ? -1 : static_cast<int>(found - typeItems_.begin());
   }
-  dialog_.okEnabled = DialogInputsValid(dialog_.edName, dialog_.edVariable);
+  DialogChanged();
 }
 
 void InputPage::DialogEdited(InputField field, std::string text) {
@@ -346,29 +350,49 @@ void InputPage::DialogEdited(InputField field, std::string text) {
   switch (field) {
     case InputField::Name: dialog_.edName = std::move(text); break;
     case InputField::Variable: dialog_.edVariable = std::move(text); break;
-    case InputField::Unit: dialog_.edUnit = std::move(text); return;
-    case InputField::Min: dialog_.edMin = std::move(text); return;
-    case InputField::Max: dialog_.edMax = std::move(text); return;
-    case InputField::Value: dialog_.edValue = std::move(text); return;
+    case InputField::Unit: dialog_.edUnit = std::move(text); break;
+    case InputField::Min: dialog_.edMin = std::move(text); break;
+    case InputField::Max: dialog_.edMax = std::move(text); break;
+    case InputField::Value: dialog_.edValue = std::move(text); break;
   }
-  dialog_.okEnabled = DialogInputsValid(dialog_.edName, dialog_.edVariable);
+  DialogChanged();
+}
+
+void InputPage::DialogChanged() {
+  dialog_.reason = DialogRefusal(dialog_.edName, dialog_.edVariable);
+  dialog_.okEnabled = dialog_.reason.empty();
+  dialog_.notice = session::CodePageWarning(dialog_.edName + dialog_.edVariable + dialog_.edUnit +
+                                            dialog_.edMin + dialog_.edMax + dialog_.edValue);
+  dialog_.focus.reset();
 }
 
 void InputPage::DialogTypeChosen(int option) {
-  if (dialog_.shown && option >= 0 && option < kDialogTypeOptions) dialog_.typeOption = option;
+  if (!dialog_.shown || option < 0 || option >= kDialogTypeOptions) return;
+  dialog_.typeOption = option;
+  dialog_.focus.reset();
 }
 
 bool InputPage::DialogInputsValid(std::string_view name, std::string_view variable) const {
+  return DialogRefusal(name, variable).empty();
+}
+
+std::string InputPage::DialogRefusal(std::string_view name, std::string_view variable) const {
   std::string message;
-  return CheckDescription(name, editRow_, message) && CheckVariable(variable, editRow_, message);
+  if (CheckDescription(name, editRow_, message) && CheckVariable(variable, editRow_, message)) {
+    return {};
+  }
+  return message;
 }
 
 bool InputPage::NumberFieldsValid() {
-  const std::pair<const std::string*, int> fields[] = {
-      {&dialog_.edMin, kColMin}, {&dialog_.edMax, kColMax}, {&dialog_.edValue, kColDefault}};
-  for (const auto& [text, column] : fields) {
+  const std::tuple<const std::string*, int, InputField> fields[] = {
+      {&dialog_.edMin, kColMin, InputField::Min},
+      {&dialog_.edMax, kColMax, InputField::Max},
+      {&dialog_.edValue, kColDefault, InputField::Value}};
+  for (const auto& [text, column, field] : fields) {
     if (text->empty() || vbrt::IsNumeric(*text)) continue;
     prompter_.Show({LoadResString(NotNumericMessage(column)), MsgButtons::OK, MsgIcon::None, ""});
+    dialog_.focus = field;
     return false;
   }
   return true;
@@ -382,6 +406,17 @@ bool InputPage::DialogAccept() {
       dialog_.typeOption >= 0 ? typeItems_[static_cast<std::size_t>(dialog_.typeOption)]
       : row >= 0             ? lvInput_.SubItem(row, session::kInputType)
                              : typeItems_.front();
+  struct Limit {
+    int column;
+    std::string text;
+    bool changed;  // differs from what the edited row held; always for a new row
+  };
+  Limit limits[] = {{kColMin, dialog_.edMin.empty() ? "0" : dialog_.edMin, true},
+                    {kColMax, dialog_.edMax.empty() ? "10" : dialog_.edMax, true},
+                    {kColDefault, dialog_.edValue.empty() ? "1" : dialog_.edValue, true}};
+  for (Limit& limit : limits) {
+    limit.changed = row < 0 || lvInput_.SubItem(row, SubItemOf(limit.column)) != limit.text;
+  }
   if (row >= 0 && lvInput_.SubItem(row, session::kInputVariable) != dialog_.edVariable) {
     lvInput_.Remove(row);
     row = -1;
@@ -394,9 +429,16 @@ bool InputPage::DialogAccept() {
   lvInput_.SetSubItem(row, session::kInputType, type);
   lvInput_.SetSubItem(row, session::kInputVariable, dialog_.edVariable);
   lvInput_.SetSubItem(row, session::kInputUnit, dialog_.edUnit);
-  lvInput_.SetSubItem(row, session::kInputMin, dialog_.edMin.empty() ? "0" : dialog_.edMin);
-  lvInput_.SetSubItem(row, session::kInputMax, dialog_.edMax.empty() ? "10" : dialog_.edMax);
-  lvInput_.SetSubItem(row, session::kInputDefault, dialog_.edValue.empty() ? "1" : dialog_.edValue);
+  // The limits are stored as if typed into their cells one after the other, Min, Max,
+  // Default: the row leaves ordered. Those the user changed come last, so that a changed
+  // value wins over one left as it was, as it does in the cells.
+  for (const bool changed : {false, true}) {
+    for (const Limit& limit : limits) {
+      if (limit.changed == changed) {
+        StoreLimit(row, limit.column, limit.text, vbrt::CDbl(limit.text));
+      }
+    }
+  }
   DialogCancel();
   return true;
 }

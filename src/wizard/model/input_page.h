@@ -3,6 +3,7 @@
 // the Add / Edit / Remove buttons and the "Input parameter" dialog. Every edit passes the
 // same checks, so lvInput always keeps unique, well-formed parameters and its "<new>" row
 // last. The view shows Editor() and Dialog() and forwards keys, clicks and typing here.
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,7 @@ struct CellEditor {
   int column = kColDescription;
   std::string text;            // what lvEdit holds
   int typeIndex = -1;          // lvCombo's selection in TypeItems(); -1 = none
+  std::string notice;          // characters of `text` the code page cannot hold, told
 };
 
 // The fields of dlgInput that the user types into.
@@ -46,6 +48,12 @@ struct InputDialog {
   // a type the dialog does not offer ("Problem"), which OK then keeps.
   int typeOption = 0;
   bool okEnabled = false;
+  // Why OK is disabled (the description or variable check's refusal), "" while enabled.
+  std::string reason;
+  // Characters of the fields that the code page cannot hold, told; "" when none.
+  std::string notice;
+  // The field to take the focus: the limit that OK refused as not numeric.
+  std::optional<InputField> focus;
 };
 
 class InputPage {
@@ -73,7 +81,8 @@ class InputPage {
   // into "pN" with the defaults and adds a new "<new>" below it. Then the cell's editor
   // opens (lvCombo for "Type", lvEdit otherwise). Clicks outside the cells only commit.
   void ClickCell(int row, int column);
-  // The user typed into lvEdit / chose an entry of lvCombo.
+  // The user typed into lvEdit / chose an entry of lvCombo. Characters the code page
+  // cannot hold are told in Editor().notice.
   void EditorTextChanged(std::string text);
   void TypeChosen(int index);
   // Stores the open editor's text into its cell with the column's checks; a refusal is
@@ -105,6 +114,8 @@ class InputPage {
   void RemoveClicked();
 
   // --- dlgInput ---
+  // Typing into a field. Dialog().okEnabled and .reason follow the name and variable,
+  // .notice the characters of all fields that the code page cannot hold.
   void DialogEdited(InputField field, std::string text);
   void DialogTypeChosen(int option);
   // Whether OK may be pressed for this name and variable: both pass the description and
@@ -112,9 +123,11 @@ class InputPage {
   bool DialogInputsValid(std::string_view name, std::string_view variable) const;
   // OK: a new parameter goes in before "<new>"; an edited one is updated in place, or,
   // when its variable changed, removed and added anew before "<new>". Rows made here carry
-  // their variable as key; empty Min / Max / Default become "0" / "10" / "1". A Min, Max
-  // or Default that is not numeric is told to the user and the dialog stays open. True
-  // when the dialog closed.
+  // their variable as key; empty Min / Max / Default become "0" / "10" / "1". The limits
+  // are stored one after the other with the in-place editors' ordering rule, in the order
+  // Min, Max, Default, those left unchanged first: the row leaves ordered and a changed
+  // value wins. A Min, Max or Default that is not numeric is told to the user, the dialog
+  // stays open and Dialog().focus names that field. True when the dialog closed.
   bool DialogAccept();
   // Cancel: the dialog closes, nothing changes.
   void DialogCancel();
@@ -124,7 +137,12 @@ class InputPage {
   bool CheckDescription(std::string_view text, int row, std::string& message) const;
   bool CheckVariable(std::string_view text, int row, std::string& message) const;
   bool CommitNumber(const std::string& text);
-  void KeepOrdered(int column, double value);
+  // Stores `text`, whose number is `value`, in limit column `column` of `row` and moves
+  // the row's other limits so that Min <= Default <= Max holds, the stored value winning.
+  void StoreLimit(int row, int column, const std::string& text, double value);
+  // The description or variable check's refusal of the pair, "" when both pass.
+  std::string DialogRefusal(std::string_view name, std::string_view variable) const;
+  void DialogChanged();
   void SetVariable(int row, std::string variable);
   bool AskToAddAt(int row);
   void OpenEditor(int row, int column);

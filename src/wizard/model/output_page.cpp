@@ -4,6 +4,7 @@
 
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "session/code_page_notice.h"
 #include "vbrt/error.h"
 
 namespace wizard {
@@ -44,15 +45,8 @@ std::optional<int> OutputPage::ExpressionNumber(int type, std::string_view key) 
   return resources::ExpressionOf(resources::IntegralDescription(type, n));
 }
 
-void OutputPage::FillStandardOutputs() {
-  session::ListView& standard = form_.lvStandard;
-  standard.Clear();
-  const int type = form_.cmbType.listIndex;
-  auto offer = [&](int number, char letter, int n, int16_t icon) {
-    const auto text = resources::FindString(number);
-    if (!text || text->empty()) return;
-    standard.Add(std::string(*text), letter + std::to_string(n), icon);
-  };
+template <typename Offer>
+void OutputPage::ForEachStandard(int type, Offer offer) {
   for (int n = resources::kGeometricIntegralFirst;
        n < resources::kGeometricIntegralFirst + resources::kGeometricIntegralTries; ++n) {
     offer(n, 'i', n, kIntegralOutputIcon);
@@ -63,6 +57,31 @@ void OutputPage::FillStandardOutputs() {
   for (int n = 0; n < resources::kStandardTries; ++n) {
     offer(resources::LocalDescription(type, n), 'p', n, kLocalOutputIcon);
   }
+}
+
+void OutputPage::FillStandardOutputs() {
+  session::ListView& standard = form_.lvStandard;
+  standard.Clear();
+  ForEachStandard(form_.cmbType.listIndex, [&](int number, char letter, int n, int16_t icon) {
+    const auto text = resources::FindString(number);
+    if (!text || text->empty()) return;
+    standard.Add(std::string(*text), letter + std::to_string(n), icon);
+  });
+}
+
+StandardTexts OutputPage::AllStandardTexts() {
+  StandardTexts texts;
+  const auto types = static_cast<int>(resources::ListFrom(resources::kTypeListBase).size());
+  for (int type = 0; type < types; ++type) {
+    ForEachStandard(type, [&](int number, char, int, int16_t) {
+      const auto description = resources::FindString(number);
+      if (!description || description->empty()) return;
+      texts.descriptions.emplace_back(*description);
+      const auto expression = resources::FindString(resources::ExpressionOf(number));
+      texts.expressions.emplace_back(expression.value_or(""));
+    });
+  }
+  return texts;
 }
 
 void OutputPage::SyncOutputs() {
@@ -162,6 +181,7 @@ void OutputPage::OpenDialog(int index, std::string name, std::string value) {
   dialog_.editIndex = index;
   dialog_.edName = std::move(name);
   dialog_.edValue = std::move(value);
+  dialog_.notice = session::CodePageWarning(dialog_.edName + dialog_.edValue);
 }
 
 void OutputPage::DialogEdited(OutputField field, std::string text) {
@@ -172,6 +192,7 @@ void OutputPage::DialogEdited(OutputField field, std::string text) {
   } else {
     dialog_.edValue = std::move(text);
   }
+  dialog_.notice = session::CodePageWarning(dialog_.edName + dialog_.edValue);
 }
 
 void OutputPage::DialogAccept() {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/prompter.h"
 #include "session/form_state.h"
@@ -22,6 +23,12 @@ inline constexpr int16_t kCustomOutputIcon = 3;
 inline constexpr std::string_view kCustomOutputHelpTopic =
     "/../../Help/Bravant.chm::/HTML/WizardOutputs.htm#Custom";
 
+// The texts that the standard outputs show, over every problem type.
+struct StandardTexts {
+  std::vector<std::string> descriptions;
+  std::vector<std::string> expressions;  // the result expressions, in the same order
+};
+
 // The fields of dlgOutput that the user types into.
 enum class OutputField { Name, Value };
 
@@ -32,6 +39,7 @@ struct OutputDialog {
   std::string edName;
   std::string edValue;
   bool nameSelected = false;  // the name's text is selected, ready to be typed over
+  std::string notice;         // characters of the fields the code page cannot hold, told
 };
 
 class OutputPage {
@@ -44,6 +52,9 @@ class OutputPage {
   // The string number of the result expression of standard key `key` ("i3", "p0",
   // "i1900") under problem type `type`; nullopt for a key that is no standard key.
   static std::optional<int> ExpressionNumber(int type, std::string_view key);
+  // The texts of the standard outputs of every problem type of cmbType's list (a view
+  // sizes its lists for them).
+  static StandardTexts AllStandardTexts();
 
   // Refills lvStandard for the problem type selected in cmbType: the geometric
   // integrals, then the type's integrals "i0".."i49", then its local quantities
@@ -79,6 +90,10 @@ class OutputPage {
   void DialogCancel();
 
  private:
+  // Calls offer(description number, key letter, key number, icon) for every standard
+  // output that problem type `type` may offer, in list order.
+  template <typename Offer>
+  static void ForEachStandard(int type, Offer offer);
   void OpenDialog(int index, std::string name, std::string value);
   void Tell(const std::string& text);
 

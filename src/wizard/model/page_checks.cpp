@@ -71,7 +71,11 @@ bool PageChecks::SessionFileLeft(session::FormState& form, session::SessionIo io
     if (answer == MsgAnswer::No) return false;  // the file is overwritten on the next save
   }
   std::string message;
-  if (!session::LoadSession(form, io, path, message)) Tell(message, MsgIcon::Exclamation);
+  if (!session::LoadSession(form, io, path, message)) {
+    // The reader gives no text for a file that ends too early: an empty box helps nobody.
+    Tell(message.empty() ? session::IncompleteSessionMessage(path) : message,
+         MsgIcon::Exclamation);
+  }
   if (file) settingsChanged = false;
   return false;
 }

@@ -27,9 +27,10 @@ class PageChecks : public session::FieldHandlers {
 
   // edFile lost the focus. An existing session file is loaded; when `settingsChanged`
   // the user is asked first (Yes loads, No keeps the settings, Cancel keeps them too).
-  // After a load attempt `settingsChanged` is false. A folder, device, FIFO or socket
-  // gets the reader's failure at once, without the question. True when the focus must go
-  // back to edFile (the user cancelled).
+  // A failed load is told in the reader's words, or as "'…' is not a complete session
+  // file: …" where the reader gives none. After a load attempt `settingsChanged` is
+  // false. A folder, device, FIFO or socket gets the reader's failure at once, without
+  // the question. True when the focus must go back to edFile (the user cancelled).
   bool SessionFileLeft(session::FormState& form, session::SessionIo io, bool& settingsChanged);
 
   // edLocation lost the focus: sets theName and theLocation from the project path and

@@ -1,18 +1,11 @@
 #include "wizard/model/session_folder.h"
 
+#include "platform/path_parts.h"
 #include "vbrt/error.h"
 
 namespace wizard {
 
-std::string JoinPath(std::string_view folder, std::string_view name) {
-  const bool windowsForm =
-      folder.find('\\') != std::string_view::npos && folder.find('/') == std::string_view::npos;
-  const char separator = windowsForm ? '\\' : '/';
-  std::string path(folder);
-  if (!path.empty() && path.back() != '\\' && path.back() != '/') path += separator;
-  path += name;
-  return path;
-}
+using platform::JoinPath;
 
 SessionsFolderChoice PrepareSessionsFolder(platform::FileSystem& fs, PageChecks& checks,
                                      std::string_view programFolder,

@@ -10,10 +10,6 @@ namespace wizard {
 
 inline constexpr std::string_view kSessionsFolderName = "WizardSessions";
 
-// `folder` and `name` joined with the separator the folder's path uses ("\" for a
-// Windows-form path, "/" otherwise); no separator is doubled.
-std::string JoinPath(std::string_view folder, std::string_view name);
-
 // Where the sessions folder ended up.
 struct SessionsFolderChoice {
   std::string path;

@@ -6,6 +6,7 @@
 #include "platform/path_parts.h"
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "session/code_page_notice.h"
 #include "vbrt/compare.h"
 #include "vbrt/error.h"
 #include "wizard/model/session_folder.h"
@@ -106,7 +107,9 @@ constexpr std::pair<std::string_view, Field> kFieldControls[] = {
     {"edModel", Field::Model}, {"edData", Field::Data},         {"edSketch", Field::Sketch},
 };
 
-std::string& TextOf(session::FormState& state, Field field) {
+// The text of `field` in `state`, a FormState or a const one.
+template <typename State>
+auto& TextOf(State& state, Field field) {
   switch (field) {
     case Field::File: return state.edFile;
     case Field::Location: return state.edLocation;
@@ -190,7 +193,7 @@ bool WizardForm::InitWizard() {
     sessionsFolder_ = folder.path;
     if (folder.fellBack && folder.created) {
       Tell(LoadResString(kSessionsFolderMovedBefore) +
-               JoinPath(services_.programFolder, kSessionsFolderName) +
+               platform::JoinPath(services_.programFolder, kSessionsFolderName) +
                LoadResString(kSessionsFolderMovedMiddle) + folder.path +
                LoadResString(kSessionsFolderMovedAfter),
            MsgIcon::Information, appTitle_);
@@ -287,10 +290,14 @@ void WizardForm::RefreshStep() {
         finishText1_ = LoadResString(kFinishReady1);
         finishText2_ = LoadResString(kFinishReady2);
         finishIcon_ = "Information";
+        finishPicture_ = FinishPicture::Done;
       } else {
         finishText1_ = LoadResString(kFinishMissing1);
         finishText2_ = LoadResString(kFinishMissing2);
         finishIcon_ = "Exclamation";
+        // A check mark beside "You must specify project name and location." would say
+        // the opposite of the text.
+        finishPicture_ = FinishPicture::NotYet;
       }
       tabOrder_ = InOrder({"btnFinish", "btnHelp", "btnCancel"});
       break;
@@ -423,18 +430,46 @@ bool WizardForm::Finish() {
   return false;
 }
 
-void WizardForm::TextEdited(Field field, std::string text) {
+bool WizardForm::TextEdited(Field field, std::string text) {
   untouched_.erase(field);
+  if (field != Field::File && field != Field::Author) {
+    // A path written with "?" leads nowhere; the session's own path is no such text, as
+    // it is never written in the code page.
+    editedFrom_.try_emplace(field, TextOf(state_, field));
+    std::string refusal = session::CodePagePathRefusal(text);
+    if (!refusal.empty()) {
+      refusedPaths_[field] = {std::move(text), std::move(refusal)};
+      // Keystrokes taken before the refusal made no path the user meant either.
+      TextOf(state_, field) = editedFrom_[field];
+      return false;
+    }
+  }
+  refusedPaths_.erase(field);
   TextOf(state_, field) = std::move(text);
+  return true;
+}
+
+const std::string& WizardForm::FieldText(Field field) const {
+  const auto refused = refusedPaths_.find(field);
+  return refused != refusedPaths_.end() ? refused->second.text : TextOf(state_, field);
+}
+
+std::string WizardForm::FieldNotice(Field field) const {
+  if (field == Field::Author) return session::CodePageWarning(state_.edAuthor);
+  const auto refused = refusedPaths_.find(field);
+  return refused == refusedPaths_.end() ? std::string() : refused->second.notice;
 }
 
 void WizardForm::FieldEntered(Field field) { untouched_.erase(field); }
 
 void WizardForm::FieldLeft(Field field) {
+  editedFrom_.erase(field);
   // Passing by a page is no visit of its first field: nothing is asked or told then.
   if (untouched_.erase(field) > 0) return;
+  if (refusedPaths_.contains(field)) return;  // nothing was taken, so nothing is checked
   switch (field) {
     case Field::File:
+      refusedPaths_.clear();  // a loaded session sets the paths anew
       if (checks_.SessionFileLeft(state_, Io(), SettingsChanged) && view_) {
         view_->FocusControl("edFile");
       }
@@ -460,8 +495,12 @@ void WizardForm::FieldLeft(Field field) {
 
 void WizardForm::Browsed(Browse button, std::string path) {
   const Field field = FieldOf(button);
-  TextEdited(field, std::move(path));
-  FieldLeft(field);
+  if (TextEdited(field, std::move(path))) {
+    FieldLeft(field);
+  } else {
+    editedFrom_.erase(field);
+    Repaint();
+  }
 }
 
 void WizardForm::ChoiceChanged(Choice choice, int16_t listIndex) {

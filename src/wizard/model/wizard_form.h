@@ -78,6 +78,9 @@ struct FormServices {
 
 enum class Button { None, Back, Next, Finish };
 
+// The finish page's own picture: a project that Finish will generate, or none yet.
+enum class FinishPicture { Done, NotYet };
+
 // The text fields of pages 1, 2 and 4.
 enum class Field { File, Location, Author, Model, Data, Sketch };
 // The four choice lists of page 3.
@@ -167,6 +170,8 @@ class WizardForm {
   const std::string& FinishText1() const { return finishText1_; }
   const std::string& FinishText2() const { return finishText2_; }
   const std::string& FinishIcon() const { return finishIcon_; }
+  // The picture beside them: NotYet while no project location is given.
+  FinishPicture PictureOfFinish() const { return finishPicture_; }
   // The sessions folder InitWizard settled on ("" before start-up).
   const std::string& SessionsFolder() const { return sessionsFolder_; }
   // How the browse button opens its file dialog, from the field's current text.
@@ -184,8 +189,17 @@ class WizardForm {
   // the caller must not touch it (nor the view it owned) again.
   bool Cancel();
   bool Finish();
-  // The user typed into a field; nothing is checked until the field is left.
-  void TextEdited(Field field, std::string text);
+  // The user typed into a field; nothing is checked until the field is left. A project,
+  // model, data or sketch path holding characters that the code page cannot hold is not
+  // taken: the field shows it with FieldNotice saying why, the record goes back to the
+  // path it had before the user began typing into the field, and leaving the field checks
+  // nothing. False then.
+  bool TextEdited(Field field, std::string text);
+  // What the field shows: its text in the record, or the path it did not take.
+  const std::string& FieldText(Field field) const;
+  // What the user is told beside the field: the characters of its text that the code page
+  // cannot hold, or why a path was not taken; "" when there is nothing to tell.
+  std::string FieldNotice(Field field) const;
   // The user clicked into the field.
   void FieldEntered(Field field);
   // The field lost the focus: its check runs (fields without one do nothing). A field
@@ -193,7 +207,7 @@ class WizardForm {
   // neither typed in nor clicked into since, is passed by, not left: it is not checked.
   void FieldLeft(Field field);
   // A file was chosen in the browse button's dialog: it goes into the field and the
-  // field's check runs, as if typed and left.
+  // field's check runs, as if typed and left (unless the path is not taken).
   void Browsed(Browse button, std::string path);
   void ChoiceChanged(Choice choice, int16_t listIndex);
   void AsyncChanged(bool checked);
@@ -239,6 +253,13 @@ class WizardForm {
   std::string finishText1_;
   std::string finishText2_;
   std::string finishIcon_;
+  FinishPicture finishPicture_ = FinishPicture::Done;
+  struct RefusedPath {
+    std::string text;
+    std::string notice;  // why it was not taken
+  };
+  std::map<Field, RefusedPath> refusedPaths_;  // what a path field shows but did not take
+  std::map<Field, std::string> editedFrom_;  // a path's text when typing into it began
 
   // Declared last: the view goes first when the form unloads.
   std::unique_ptr<WizardView> view_;

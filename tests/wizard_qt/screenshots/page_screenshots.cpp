@@ -1,17 +1,21 @@
 // Saves a picture of every page of the wizard filled from the heater example, of the
 // cell editors and dialogs of the parameter pages, of the basic-files page with the
-// converter example's model picture, of the finish page without a project,
-// and of the progress and start-up windows into the build folder, for a person to look at.
+// converter example's model picture, of what the window tells beside typed text, of the
+// finish page without a project, of message boxes, and of the progress and start-up
+// windows into the build folder, for a person to look at.
 #include <QComboBox>
 #include <QDir>
 #include <QtTest>
 
 #include "../wizard_fixture.h"
 #include "wizard/launch_notice.h"
+#include "wizard/message_box_prompter.h"
 #include "wizard/progress_window.h"
 
 using wizard_test::ClickCell;
+using wizard_test::Field;
 using wizard_test::OnNextDialog;
+using wizard_test::Type;
 using wizard_test::WizardFixture;
 
 class PageScreenshots : public QObject {
@@ -54,6 +58,55 @@ class PageScreenshots : public QObject {
     Save(ui.window, "page4-model-refused.png");
   }
 
+  void textTheCodePageCannotHold() {
+    WizardFixture ui;
+    ui.Connect();
+    ui.GoToPage(2);
+    ui.TypeAndLeave("edAuthor", "José Müller 张伟");
+    auto* location = ui.Control<QLineEdit>("edLocation");
+    location->setFocus();
+    Type(location, "/home/jose/项目/Demo.vbp", true);
+    Save(ui.window, "page2-code-page.png");
+  }
+
+  void inputDialogWithItsReasonLine() {
+    WizardFixture ui;
+    ui.Connect();
+    ui.GoToPage(5);
+    auto ran = OnNextDialog([](QDialog& dialog) {
+      Type(Field(dialog, "edName"), "Coil length 长度");
+      Type(Field(dialog, "edVariable"), "1length");
+      Save(&dialog, "dlgInput-reason.png");
+    });
+    ui.Click("btnInputAdd");
+    QVERIFY(*ran);
+  }
+
+  void messageBoxes() {
+    wizard::MessageBoxPrompter prompter("SondelW");
+    const struct {
+      const char* file;
+      platform::Message message;
+    } boxes[] = {
+        {"msg-short.png",
+         {"Nothing's selected.", platform::MsgButtons::OK, platform::MsgIcon::Exclamation,
+          "Zentrix Bravant ExploringObject Wizard"}},
+        {"msg-overwrite.png",
+         {"Project file '/home/jose/projects/coil-actuator-2024/Demo.vbp' already exists. "
+          "Overwrite ?",
+          platform::MsgButtons::YesNoCancel, platform::MsgIcon::Exclamation,
+          "Zentrix Bravant ExploringObject Wizard"}},
+    };
+    for (const auto& box : boxes) {
+      auto ran = OnNextDialog([&](QDialog& dialog) {
+        Save(&dialog, box.file);
+        dialog.reject();
+      });
+      prompter.Show(box.message);
+      QVERIFY(*ran);
+    }
+  }
+
   void finishPageWithoutProject() {
     WizardFixture ui;
     ui.Connect();
@@ -78,6 +131,7 @@ class PageScreenshots : public QObject {
  private:
   static void Save(QWidget* window, const QString& name) {
     QVERIFY(QTest::qWaitForWindowExposed(window));
+    QTest::qWait(20);  // the lists lay out their rows and scroll bars a moment later
     QVERIFY(window->grab().save(QDir(EOW_SCREENSHOT_DIR).filePath(name)));
   }
 

@@ -1,0 +1,225 @@
+#!/usr/bin/env bash
+# Drives the wizard window in a real X server (Xvfb, the Openbox window manager, keyboard
+# and mouse from xdotool) through a whole session, as a new user would: a broken session
+# file named on the session page and loaded on Yes, a project path in a folder the code
+# page cannot hold and then a good one, an author and parameters with characters it cannot
+# hold, an input parameter through the dialog with a refused variable, Min above Max and a
+# Default that is no number, a standard and a custom output, Finish. Then it checks what
+# was written: the session over the broken file, ordered limits, the generated project.
+#
+#   tests/x11/drive_wizard.sh EOWIZARD WORKDIR
+#
+# With xwd and netpbm installed, pictures of each step go to WORKDIR/shots.
+set -euo pipefail
+export LC_ALL=C.UTF-8  # characters, not bytes, for the shell, xdotool and the window
+
+program=$(realpath "$1")
+work=$(realpath -m "$2")
+repo=$(cd "$(dirname "$0")/../.." && pwd)
+rm -rf "$work"
+mkdir -p "$work/home" "$work/data" "$work/shots" "$work/proj"
+
+pids=()
+cleanup() {
+  for ((i = ${#pids[@]} - 1; i >= 0; i--)); do kill "${pids[i]}" 2>/dev/null || true; done
+}
+trap cleanup EXIT
+
+fail() {
+  echo "x11 session: $*" >&2
+  # What the screen showed then, for whoever looks into it.
+  if command -v xwd >/dev/null && command -v pnmtopng >/dev/null; then
+    for id in $(xdotool search --onlyvisible --name . 2>/dev/null); do
+      xwd -id "$id" -silent 2>/dev/null | xwdtopnm 2>/dev/null |
+        pnmtopng >"$work/shots/failed-$id.png" 2>/dev/null || true
+    done
+  fi
+  exit 1
+}
+
+# --- An X server of our own, with a window manager ---
+exec {displayfd}<> <(:)
+Xvfb -displayfd "$displayfd" -screen 0 1366x768x24 -nolisten tcp >"$work/xvfb.log" 2>&1 &
+pids+=($!)
+read -r -t 20 -u "$displayfd" display || fail "Xvfb did not start"
+export DISPLAY=":$display"
+openbox >"$work/openbox.log" 2>&1 &
+pids+=($!)
+for _ in $(seq 100); do
+  xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q window && break
+  sleep 0.1
+done
+
+# --- Helpers ---
+# The id of the window titled exactly $1, waiting up to 20 s for it.
+window() {
+  for _ in $(seq 200); do
+    local id
+    id=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1) || true
+    if [ -n "$id" ]; then
+      echo "$id"
+      return
+    fi
+    sleep 0.1
+  done
+  fail "no window '$1'"
+}
+# Waits until no window is titled $1.
+gone() {
+  for _ in $(seq 200); do
+    xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1 || return 0
+    sleep 0.1
+  done
+  fail "window '$1' stays"
+}
+# Waits until window $1 is no longer on the screen.
+closed() {
+  for _ in $(seq 200); do
+    xwininfo -id "$1" 2>/dev/null | grep -q IsViewable || return 0
+    sleep 0.1
+  done
+  fail "window $1 stays"
+}
+settle() { sleep 0.4; }
+shot() {
+  if command -v xwd >/dev/null && command -v pnmtopng >/dev/null; then
+    xwd -id "$1" -silent | xwdtopnm 2>/dev/null | pnmtopng >"$work/shots/$2.png" || true
+  fi
+}
+click() { xdotool mousemove --window "$1" "$2" "$3" click "${@:4}" 1; settle; }
+type_text() { xdotool type --delay 40 "$1"; settle; }
+# Gives the keyboard to window $1 (after a modal box or dialog closed over it).
+focus() { xdotool windowactivate --sync "$1" 2>/dev/null || true; settle; }
+key() { xdotool key "$@"; settle; }
+
+wizard_title="Zentrix ExploringObject Wizard"
+box_title="Zentrix Bravant ExploringObject Wizard"
+broken="$work/Broken.bvg"
+printf '[GENERAL]\r\nAPPLICATION=%s\r\nAUTHOR=cut\r\n\r\n' "$box_title" >"$broken"
+
+# Every character typed below that the keyboard lacks gets a key of its own before the
+# window starts: xdotool would map each onto a spare key while typing and put the key back
+# at once, a race the window loses now and then.
+spare=($(xmodmap -pke | awk 'NF == 3 { print $2 }'))
+i=0
+for c in é ü 张 伟 项 目 长 度 力; do
+  xmodmap -e "keycode ${spare[i]} = $(printf 'U%04X' "'$c")"
+  i=$((i + 1))
+done
+
+# --- The session ---
+HOME="$work/home" XDG_DATA_HOME="$work/data" QT_QPA_PLATFORM=xcb \
+  EOWIZARD_REGISTRY="$repo/examples/registry/demo-host.reg" \
+  "$program" >"$work/eowizard.log" 2>&1 &
+app=$!
+pids+=("$app")
+
+w=$(window "$wizard_title")
+xdotool windowactivate --sync "$w"
+eval "$(xdotool getwindowgeometry --shell "$w")"  # WIDTH, HEIGHT
+shot "$w" page0
+key alt+n
+
+# Page 1: the broken session file, loaded on Yes, explained in a box; OK goes on.
+click "$w" 600 93 --repeat 3
+type_text "$broken"
+key Tab
+question=$(window "$box_title")
+focus "$question"
+shot "$question" load-question
+key Return
+closed "$question"
+failure=$(window "$box_title")
+focus "$failure"
+shot "$failure" broken-session
+key Return
+closed "$failure"
+
+# Page 2: a project folder the code page cannot hold is not taken; then a good one.
+focus "$w"
+key alt+n
+click "$w" 600 93 --repeat 3
+type_text "$work/项目/Demo.vbp"
+shot "$w" project-refused
+key ctrl+a
+type_text "$work/proj/Demo.vbp"
+key Tab
+click "$w" 600 149 --repeat 3
+type_text "José Müller 张伟"
+key Tab
+shot "$w" author-notice
+
+# Page 5: a parameter through the dialog.
+key alt+n
+key alt+n
+key alt+n
+click "$w" $((WIDTH - 320)) $((HEIGHT - 57))
+dialog=$(window "Input parameter")
+focus "$dialog"
+type_text "Coil length 长度"
+key Tab
+type_text "1len"
+shot "$dialog" input-dialog-refused
+key Home Delete Tab
+type_text "mm"
+key Tab
+type_text "20"
+key Tab
+type_text "10"
+key Tab
+type_text "two"
+key Return  # OK: the default value is refused in a box titled by default
+refusal=$(window "SondelW")
+focus "$refusal"
+shot "$refusal" not-numeric
+key Return
+gone "SondelW"
+focus "$dialog"
+type_text "2"  # the refused field has the focus, its text selected
+shot "$dialog" input-dialog-ready
+key Return
+gone "Input parameter"
+focus "$w"
+shot "$w" inputs
+
+# Page 6: a standard output by double-click, a custom one through its dialog.
+key alt+n
+click "$w" $((WIDTH - 170)) 92 --repeat 2 --delay 80
+click "$w" 208 $((HEIGHT - 57))
+custom=$(window "Custom output parameter")
+focus "$custom"
+type_text "Force 力"
+shot "$custom" output-dialog
+key Return
+gone "Custom output parameter"
+focus "$w"
+shot "$w" outputs
+
+# Page 7: Finish saves the session over the broken file and generates the project.
+key alt+n
+shot "$w" finish
+key alt+f
+done_box=$(window "$box_title")
+shot "$done_box" generated
+focus "$done_box"
+key Return
+for _ in $(seq 100); do
+  kill -0 "$app" 2>/dev/null || break
+  sleep 0.2
+done
+kill -0 "$app" 2>/dev/null && fail "the wizard did not close after Finish"
+wait "$app" || fail "the wizard ended with $?"
+
+# --- What was written ---
+expect() { grep -qaF -- "$1" "$2" || fail "$2 lacks '$1'"; }
+for line in "PROJECT=$work/proj/Demo.vbp" $'AUTHOR=Jos\xe9 M\xfcller ??' "DESCRIPTION=Coil length ??" \
+  "VARIABLE=len" "DESCRIPTION=Contour length" "DESCRIPTION=Force ?" "[END]"; do
+  expect "$line" "$broken"
+done
+grep -qaPz 'MIN=2\r\nMAX=10\r\nDEFAULT=2\r\n' "$broken" || fail "the limits are not ordered"
+for file in Demo.vbp Demo.cls Demo.bas; do
+  [ -s "$work/proj/$file" ] || fail "no $file"
+done
+[ -d "$work/proj/Demo_Files" ] || fail "no Demo_Files"
+expect $'"Jos\xe9 M\xfcller ??"' "$work/proj/Demo.cls"
+echo "x11 session: the wizard went through a whole session; pictures in $work/shots"

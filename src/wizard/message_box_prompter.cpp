@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPushButton>
 
+#include "resources/string_ids.h"
+#include "resources/string_table.h"
 #include "wizard/qt_text.h"
 
 namespace wizard {
@@ -29,9 +32,20 @@ MsgAnswer MessageBoxPrompter::Show(const platform::Message& message) {
   QMessageBox box(IconOf(message.icon),
                   message.title.empty() ? defaultTitle_ : ToQt(message.title),
                   ToQt(message.text), QMessageBox::NoButton, QApplication::activeWindow());
+  QPushButton* merge = nullptr;
   switch (message.buttons) {
     case MsgButtons::OK:
       box.setStandardButtons(QMessageBox::Ok);
+      break;
+    case MsgButtons::MergeYesNoCancel:
+      // Merge first and the default: it is the answer that loses nothing.
+      merge = box.addButton(ToQt(resources::LoadResString(resources::kMergeButton)),
+                            QMessageBox::AcceptRole);
+      box.addButton(QMessageBox::Yes);
+      box.addButton(QMessageBox::No);
+      box.addButton(QMessageBox::Cancel);
+      box.setEscapeButton(QMessageBox::Cancel);
+      box.setDefaultButton(merge);
       break;
     case MsgButtons::YesNo:
       box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
@@ -42,8 +56,12 @@ MsgAnswer MessageBoxPrompter::Show(const platform::Message& message) {
       box.setEscapeButton(QMessageBox::Cancel);
       break;
   }
-  if (message.buttons != MsgButtons::OK) box.setDefaultButton(QMessageBox::Yes);
-  switch (box.exec()) {
+  if (message.buttons == MsgButtons::YesNo || message.buttons == MsgButtons::YesNoCancel) {
+    box.setDefaultButton(QMessageBox::Yes);
+  }
+  const int pressed = box.exec();
+  if (merge != nullptr && box.clickedButton() == merge) return MsgAnswer::Merge;
+  switch (pressed) {
     case QMessageBox::Yes: return MsgAnswer::Yes;
     case QMessageBox::No: return MsgAnswer::No;
     case QMessageBox::Cancel: return MsgAnswer::Cancel;

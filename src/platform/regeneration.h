@@ -34,11 +34,11 @@ struct MergeConflict {
 struct SavedFile {
   std::string path;  // as the generation named it
   SaveChoice choice = SaveChoice::Create;
-  std::vector<MergeConflict> conflicts;  // of a merged file
+  std::vector<MergeConflict> conflicts = {};  // of a merged file
   // Kept by a dry run only: the file's bytes on disk ("" when there is none) and the
   // bytes the run would have written.
-  std::string before;
-  std::string after;
+  std::string before = "";
+  std::string after = "";
 };
 
 class Regeneration {

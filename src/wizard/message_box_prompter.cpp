@@ -40,7 +40,7 @@ MsgAnswer MessageBoxPrompter::Show(const platform::Message& message) {
     case MsgButtons::MergeYesNoCancel:
       // Merge first and the default: it is the answer that loses nothing.
       merge = box.addButton(ToQt(resources::LoadResString(resources::kMergeButton)),
-                            QMessageBox::AcceptRole);
+                            QMessageBox::YesRole);
       box.addButton(QMessageBox::Yes);
       box.addButton(QMessageBox::No);
       box.addButton(QMessageBox::Cancel);

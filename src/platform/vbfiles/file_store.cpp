@@ -172,7 +172,7 @@ void FileStore::Complete() {
   Journal journal;
   try {
     for (const Planned& plan : plans) {
-      SavedFile& file = saved.emplace_back(SavedFile{plan.path, plan.choice, {}, {}, {}});
+      SavedFile& file = saved.emplace_back(SavedFile{plan.path, plan.choice});
       if (plan.choice == SaveChoice::Merge) {
         std::string yours = Read(plan.file);
         const std::string previous = Read(PristineCopyOf(plan.file));

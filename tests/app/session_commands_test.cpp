@@ -1,40 +1,14 @@
 // `eowizard session ...` run as a user runs it: exit codes, standard output and errors.
-#include <sys/wait.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
-#include <gtest/gtest.h>
-
-#include "../platform/scratch_folder.h"
+#include "program_run.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-class SessionCommandsTest : public ::testing::Test {
- protected:
-  // Runs eowizard with `arguments` (shell words) from the examples folder; fills out_
-  // and err_ and returns the exit code.
-  int Run(const std::string& arguments) {
-    const std::string command = "cd '" EOW_EXAMPLES_DIR "' && '" EOWIZARD_EXE "' " + arguments +
-                                " </dev/null >'" + Path("out") + "' 2>'" + Path("err") + "'";
-    const int status = std::system(command.c_str());
-    out_ = ReadBytes(Path("out"));
-    err_ = ReadBytes(Path("err"));
-    return WEXITSTATUS(status);
-  }
-  std::string Path(const std::string& name) const { return (scratch_.Path() / name).string(); }
-  // Writes a session file into the scratch folder and returns its path, quoted for the shell.
-  std::string Session(const std::string& name, const std::string& bytes) const {
-    return "'" + scratch_.Write(name, bytes).string() + "'";
-  }
-
-  ScratchFolder scratch_;
-  std::string out_;
-  std::string err_;
-};
+using SessionCommandsTest = ProgramTest;
 
 const std::string kDrive = "--drive C=coil/drive_c";
 

@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <fstream>
 #include <optional>
-#include <sstream>
 
 #include "platform/merge/text_merge.h"
 #include "platform/vbfiles/project_files.h"
@@ -29,11 +28,12 @@ constexpr const char* kPristineFolder = ".eowizard";
 
 std::optional<std::string> ReadIfExists(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);
-  if (!in) return std::nullopt;
-  std::ostringstream bytes;
-  bytes << in.rdbuf();
-  if (in.bad()) return std::nullopt;
-  return std::move(bytes).str();
+  std::error_code ec;
+  const std::uintmax_t size = fs::file_size(file, ec);
+  if (!in || ec) return std::nullopt;
+  std::string bytes(size, '\0');
+  if (!in.read(bytes.data(), static_cast<std::streamsize>(size))) return std::nullopt;
+  return bytes;
 }
 
 std::string Read(const fs::path& file) {
@@ -73,6 +73,16 @@ std::optional<std::string> WithCrLf(std::string_view text) {
 merge::MergeLabels LabelsFor(const fs::path& file) {
   const std::string name = vbrt::ToAnsi(file.filename().string());
   return {name + " as you changed it", name + " as generated before", name + " as generated now"};
+}
+
+// The user's text `yours` of `file` merged with the change from `previous` to `current`.
+// A generation that changed nothing leaves the user's text as it is (as a merge would).
+merge::MergedText Merged(const fs::path& file, const std::string& previous,
+                         const std::string& yours, const std::string& current) {
+  const std::optional<std::string> fixed = WithCrLf(yours);
+  const std::string_view edited = fixed ? *fixed : yours;
+  if (current == previous) return {std::string(edited), {}};
+  return merge::MergeLines(previous, edited, current, LabelsFor(file));
 }
 
 // What Complete has written so far, and how to put it back.
@@ -149,10 +159,14 @@ void FileStore::Save(std::string_view path, std::span<const std::string_view> pa
 
 FileHistory FileStore::History(std::string_view path) const {
   const fs::path file = fs_.ToNative(path);
-  const std::optional<std::string> pristine = ReadIfExists(PristineCopyOf(file));
-  if (!pristine) return FileHistory::Unknown;
+  const fs::path copy = PristineCopyOf(file);
+  std::error_code ec;
+  if (!fs::is_regular_file(copy, ec) || !fs::is_regular_file(file, ec)) return FileHistory::Unknown;
+  // An edit nearly always changes the size; only files of equal size are compared.
+  if (fs::file_size(copy, ec) != fs::file_size(file, ec)) return FileHistory::Edited;
+  const std::optional<std::string> pristine = ReadIfExists(copy);
   const std::optional<std::string> current = ReadIfExists(file);
-  if (!current) return FileHistory::Unknown;
+  if (!pristine || !current) return FileHistory::Unknown;
   return *current == *pristine ? FileHistory::AsGenerated : FileHistory::Edited;
 }
 
@@ -169,21 +183,22 @@ void FileStore::Complete() {
   std::vector<Planned> plans = std::move(plans_);
   plans_.clear();
   std::vector<SavedFile> saved;
+  // The pristine copies read for the merges, kept to put back when a later write fails.
+  std::vector<std::optional<std::string>> copies(plans.size());
   Journal journal;
   try {
-    for (const Planned& plan : plans) {
+    for (std::size_t i = 0; i < plans.size(); ++i) {
+      const Planned& plan = plans[i];
       SavedFile& file = saved.emplace_back(SavedFile{plan.path, plan.choice});
       if (plan.choice == SaveChoice::Merge) {
         std::string yours = Read(plan.file);
-        const std::string previous = Read(PristineCopyOf(plan.file));
-        const std::optional<std::string> fixed = WithCrLf(yours);
-        merge::MergedText merged = merge::MergeLines(previous, fixed ? *fixed : yours,
-                                                     plan.generated, LabelsFor(plan.file));
+        copies[i] = Read(PristineCopyOf(plan.file));
+        merge::MergedText merged = Merged(plan.file, *copies[i], yours, plan.generated);
         file.conflicts = std::move(merged.conflicts);
         if (DryRun()) {
           file.before = std::move(yours);
           file.after = std::move(merged.text);
-        } else {
+        } else if (merged.text != yours) {
           journal.Write(plan.file, merged.text, std::move(yours));
         }
       } else if (DryRun()) {
@@ -192,10 +207,11 @@ void FileStore::Complete() {
       }
     }
     if (!DryRun()) {
-      for (const Planned& plan : plans) {
-        const fs::path pristine = PristineCopyOf(plan.file);
+      for (std::size_t i = 0; i < plans.size(); ++i) {
+        const fs::path pristine = PristineCopyOf(plans[i].file);
         journal.MakeFolder(pristine.parent_path());
-        journal.Write(pristine, plan.generated, ReadIfExists(pristine));
+        journal.Write(pristine, plans[i].generated,
+                      copies[i] ? std::move(copies[i]) : ReadIfExists(pristine));
       }
     }
   } catch (...) {

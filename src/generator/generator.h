@@ -13,6 +13,7 @@
 #include "platform/dev_environment.h"
 #include "platform/file_system.h"
 #include "platform/prompter.h"
+#include "platform/regeneration.h"
 #include "platform/registry.h"
 #include "session/form_state.h"
 

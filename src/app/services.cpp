@@ -28,7 +28,8 @@ std::optional<platform::MsgAnswer> AnswerOf(const std::string& answer) {
   if (answer == "yes") return platform::MsgAnswer::Yes;
   if (answer == "no") return platform::MsgAnswer::No;
   if (answer == "cancel") return platform::MsgAnswer::Cancel;
-  throw std::invalid_argument("--answer takes yes, no or cancel, not '" + answer + "'");
+  if (answer == "merge") return platform::MsgAnswer::Merge;
+  throw std::invalid_argument("--answer takes yes, no, cancel or merge, not '" + answer + "'");
 }
 
 // Applied before the other services are built, so that a wrong name stops the run first.
@@ -62,8 +63,10 @@ void AddServiceOptions(CLI::App& command, ServiceOptions& options) {
       ->type_name("NAME");
   command
       .add_option("--answer", options.answer,
-                  "Answer every question so (otherwise questions are asked on a terminal)")
-      ->transform(CLI::IsMember({"yes", "no", "cancel"}, CLI::ignore_case));
+                  "Answer every question so (otherwise questions are asked on a terminal); "
+                  "merge merges files changed since they were generated, overwrites those "
+                  "that were not and keeps other files under a new name")
+      ->transform(CLI::IsMember({"yes", "no", "cancel", "merge"}, CLI::ignore_case));
 }
 
 bool StandardInputIsTerminal() { return ::isatty(STDIN_FILENO) == 1; }

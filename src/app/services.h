@@ -24,7 +24,7 @@ struct ServiceOptions {
   std::vector<std::string> drives;         // "X=/dir", each maps a drive letter
   std::vector<std::string> registryFiles;  // registry files read after EOWIZARD_REGISTRY's
   std::string codePage;                    // iconv name of the ANSI code page; "" keeps it
-  std::string answer;                      // "yes", "no", "cancel" or "" (ask on a terminal)
+  std::string answer;  // "yes", "no", "cancel", "merge" or "" (ask on a terminal)
 };
 
 // Adds the shared options to `command`; they fill `options` when it is parsed.

@@ -14,7 +14,9 @@
 //   be read for its conversion into code; a failed final save.
 // - The project, class and module files that the run saved are deleted again when it
 //   fails: they never held a complete project. The files folder and the basic files
-//   copied into it stay, as after a cancelled question.
+//   copied into it stay, as after a cancelled question. A file answered Merge is the
+//   user's until the environment's Complete writes the merge, after the last save: a
+//   failed run leaves it as it was, and the environment's pristine copies with it.
 // - The basic model opened for the progress count stays open for its conversion into
 //   code, which reads and closes it; a run that ends before then closes it.
 #include "generator/generator.h"
@@ -34,9 +36,11 @@
 namespace generator {
 namespace {
 
+using platform::FileHistory;
 using platform::MsgAnswer;
 using platform::MsgButtons;
 using platform::MsgIcon;
+using platform::SaveChoice;
 using resources::LoadResString;
 using namespace resources;  // the string numbers
 
@@ -69,7 +73,8 @@ Generator::Generator(platform::DevEnvironment& environment,
       fs_(fs),
       registry_(registry),
       prompter_(prompter),
-      progress_(progress) {}
+      progress_(progress),
+      regeneration_(environment.GetRegeneration()) {}
 
 bool Generator::Generate(session::FormState& form) {
   form_ = &form;
@@ -96,6 +101,7 @@ bool Generator::Generate(session::FormState& form) {
                         kClassFileExistsAfter, names_.classFile)) return false;
     if (!ChooseFileName(".bas", kModuleFileExistsBefore,
                         kModuleFileExistsAfter, names_.module)) return false;
+    PlanSaves();
   } catch (const std::exception& e) {
     Tell("Error: Preparing the files of project '" + form.theName + "' failed: " + Describe(e),
          MsgIcon::Critical);
@@ -117,14 +123,17 @@ bool Generator::Generate(session::FormState& form) {
     progress_.SetBarVisible(false);
     progress_.SetState(LoadResString(kStateSavingProject));
     SaveAll();
+    if (regeneration_ != nullptr) regeneration_->Complete();
   } catch (const std::exception& e) {
     return Abandon("Error: Saving the project failed: " + Describe(e));
   }
 
   progress_.Unload();
-  // The box carries the exclamation icon; it is a success all the same.
-  prompter_.Show({LoadResString(kGenerationSucceeded), MsgButtons::OK, MsgIcon::Exclamation,
-                  title_, /*success=*/true});
+  if (!Merges() && (regeneration_ == nullptr || !regeneration_->DryRun())) {
+    // The box carries the exclamation icon; it is a success all the same.
+    prompter_.Show({LoadResString(kGenerationSucceeded), MsgButtons::OK, MsgIcon::Exclamation,
+                    title_, /*success=*/true});
+  }
   return true;
 }
 
@@ -183,19 +192,22 @@ bool Generator::PrepareFilesFolder() {
 }
 
 bool Generator::ChooseFileName(const char* extension, int questionBefore, int questionAfter,
-                               std::string& name) {
+                               PlannedFile& file) {
   const std::string& project = form_->theName;
   std::string path = PathOf(project, extension);
   if (!fs_.FileExists(path)) {
-    name = project;
+    file = {project, SaveChoice::Create};
     return true;
   }
-  switch (Ask(LoadResString(questionBefore) + path + LoadResString(questionAfter))) {
+  switch (AskOverwrite(path, LoadResString(questionBefore) + path + LoadResString(questionAfter))) {
     case MsgAnswer::Cancel:
       return false;
+    case MsgAnswer::Merge:
+      file = {project, SaveChoice::Merge};
+      return true;
     case MsgAnswer::Yes:
       fs_.DeleteFile(path);
-      name = project;
+      file = {project, SaveChoice::Overwrite};
       return true;
     case MsgAnswer::No: {
       // The first probe has no blank before the 2; the chosen name and later probes
@@ -206,12 +218,46 @@ bool Generator::ChooseFileName(const char* extension, int questionBefore, int qu
         i = vbrt::AddInteger(i, 1);
         path = PathOf(project + vbrt::StrInteger(i), extension);
       }
-      name = project + vbrt::StrInteger(i);
+      file = {project + vbrt::StrInteger(i), SaveChoice::NewName};
       return true;
     }
     default:
       return true;
   }
+}
+
+platform::MsgAnswer Generator::AskOverwrite(const std::string& path, std::string question) {
+  platform::Message message{std::move(question), MsgButtons::YesNoCancel, MsgIcon::Exclamation,
+                            title_};
+  const FileHistory history =
+      regeneration_ != nullptr ? regeneration_->History(path) : FileHistory::Unknown;
+  if (history == FileHistory::Edited) {
+    message.buttons = MsgButtons::MergeYesNoCancel;
+    message.text += "\n" + LoadResString(kEditedSinceGenerated);
+  } else {
+    // Overwriting a file exactly as generated loses nothing; of any other file, nothing
+    // is known.
+    message.keepsUserWork = history == FileHistory::AsGenerated ? MsgAnswer::Yes : MsgAnswer::No;
+  }
+  return prompter_.Show(message);
+}
+
+void Generator::PlanSaves() {
+  if (regeneration_ == nullptr) return;
+  regeneration_->Plan(PathOf(names_.project.base, ".vbp"), names_.project.choice);
+  regeneration_->Plan(PathOf(names_.classFile.base, ".cls"), names_.classFile.choice);
+  regeneration_->Plan(PathOf(names_.module.base, ".bas"), names_.module.choice);
+}
+
+bool Generator::Merges() const {
+  for (const PlannedFile* file : {&names_.project, &names_.classFile, &names_.module}) {
+    if (file->choice == SaveChoice::Merge) return true;
+  }
+  return false;
+}
+
+void Generator::NoteSaved(const std::string& path, const PlannedFile& file) {
+  if (file.choice != SaveChoice::Merge) saved_.push_back(path);
 }
 
 void Generator::CopyBasicFiles() {
@@ -272,9 +318,9 @@ bool Generator::CreateProject() {
     project_->GetReferences().AddFromGuid(hostLibrary, 2, 0);
 
     environment_.ActivateWindow(kProjectName);
-    const std::string projectPath = PathOf(names_.project, ".vbp");
+    const std::string projectPath = PathOf(names_.project.base, ".vbp");
     project_->SaveAs(projectPath);
-    saved_.push_back(projectPath);
+    NoteSaved(projectPath, names_.project);
     environment_.ActivateWindow(caption);
 
     classComponent_ = &project_->GetVBComponents().Item("Class1");
@@ -282,12 +328,12 @@ bool Generator::CreateProject() {
     moduleComponent_ = &project_->GetVBComponents().Add(platform::ComponentKind::StdModule);
     moduleComponent_->SetName(kModuleName);
     environment_.ActivateWindow(kProjectName);
-    const std::string classPath = PathOf(names_.classFile, ".cls");
+    const std::string classPath = PathOf(names_.classFile.base, ".cls");
     classComponent_->SaveAs(classPath);
-    saved_.push_back(classPath);
-    const std::string modulePath = PathOf(names_.module, ".bas");
+    NoteSaved(classPath, names_.classFile);
+    const std::string modulePath = PathOf(names_.module.base, ".bas");
     moduleComponent_->SaveAs(modulePath);
-    saved_.push_back(modulePath);
+    NoteSaved(modulePath, names_.module);
     environment_.ActivateWindow(caption);
     progress_.Repaint();
   } catch (const std::exception& e) {
@@ -371,9 +417,9 @@ bool Generator::WriteSections() {
 }
 
 void Generator::SaveAll() {
-  const std::string classPath = PathOf(names_.classFile, ".cls");
-  const std::string modulePath = PathOf(names_.module, ".bas");
-  const std::string projectPath = PathOf(names_.project, ".vbp");
+  const std::string classPath = PathOf(names_.classFile.base, ".cls");
+  const std::string modulePath = PathOf(names_.module.base, ".bas");
+  const std::string projectPath = PathOf(names_.project.base, ".vbp");
   classComponent_->SaveAs(classPath);
   moduleComponent_->SaveAs(modulePath);
   project_->SaveAs(projectPath);
@@ -390,6 +436,7 @@ void Generator::Tell(const std::string& text, platform::MsgIcon icon) {
 
 bool Generator::Abandon(const std::string& message) {
   Tell(message, MsgIcon::Critical);
+  if (regeneration_ != nullptr) regeneration_->Abandon();
   if (model_) {
     try {
       model_->Close();

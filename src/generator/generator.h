@@ -13,6 +13,7 @@
 #include "platform/dev_environment.h"
 #include "platform/file_system.h"
 #include "platform/prompter.h"
+#include "platform/regeneration.h"
 #include "platform/registry.h"
 #include "session/form_state.h"
 
@@ -31,6 +32,11 @@ class Generator : public Emitter {
   // outcome. True only when the whole project was generated and saved; on false no
   // project of this run stays in the environment and no file of it stays on disk except
   // the files folder and the basic files copied into it.
+  //
+  // Where the environment keeps pristine copies of generated files (GetRegeneration),
+  // the question about a file the user changed since it was generated offers Merge too;
+  // a run that merged, or a dry run, ends without the success message: the caller
+  // reports from the environment's record of the saved files (see MergeOutcome).
   bool Generate(session::FormState& form);
 
   // The files the last Generate wrote: the copied basic files, then (when it succeeded)
@@ -47,15 +53,24 @@ class Generator : public Emitter {
   void StepProgress(int step) override;
 
  private:
+  // A file of the project: its base name, without folder and extension, and how it is saved.
+  struct PlannedFile {
+    std::string base;
+    platform::SaveChoice choice = platform::SaveChoice::Create;
+  };
   struct Names {
-    std::string project;  // base names, without folder and extension
-    std::string classFile;
-    std::string module;
+    PlannedFile project;
+    PlannedFile classFile;
+    PlannedFile module;
   };
 
   bool PrepareFilesFolder();
   bool ChooseFileName(const char* extension, int questionBefore, int questionAfter,
-                      std::string& name);
+                      PlannedFile& file);
+  platform::MsgAnswer AskOverwrite(const std::string& path, std::string question);
+  void PlanSaves();
+  bool Merges() const;
+  void NoteSaved(const std::string& path, const PlannedFile& file);
   void CopyBasicFiles();
   void CopyIfNeeded(const std::string& from, const std::string& to);
   int16_t CountGeometricalInputs() const;
@@ -80,6 +95,7 @@ class Generator : public Emitter {
   const platform::Registry& registry_;
   platform::Prompter& prompter_;
   ProgressSink& progress_;
+  platform::Regeneration* regeneration_;  // nullptr: the environment keeps no copies
 
   session::FormState* form_ = nullptr;
   std::string title_;
@@ -88,7 +104,7 @@ class Generator : public Emitter {
   platform::VBComponent* classComponent_ = nullptr;
   platform::VBComponent* moduleComponent_ = nullptr;
   std::unique_ptr<platform::BasicModel> model_;  // open while the run holds it
-  std::vector<std::string> saved_;    // project, class and module files saved by this run
+  std::vector<std::string> saved_;    // files saved by this run that were not the user's
   std::vector<std::string> written_;
 };
 

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/regeneration.h"
+
 namespace platform {
 
 // VBProjects.Add project types.
@@ -81,6 +83,9 @@ class DevEnvironment {
   // Brings the window whose caption begins with `title` to the front; nothing when there
   // is no such window.
   virtual void ActivateWindow(std::string_view title) = 0;
+  // What the environment keeps of generated files for merging them with the user's
+  // changes later; nullptr when it keeps nothing (then there is nothing to merge).
+  virtual Regeneration* GetRegeneration() { return nullptr; }
 };
 
 }  // namespace platform

@@ -1,13 +1,16 @@
 #pragma once
 // Message boxes: how the program tells and asks the user.
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace platform {
 
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
-enum class MsgButtons { OK, YesNo, YesNoCancel };
-enum class MsgAnswer { OK, Yes, No, Cancel };
+// MergeYesNoCancel asks about a file the user changed since it was generated: Merge
+// keeps those changes, Yes, No and Cancel mean what they mean in YesNoCancel.
+enum class MsgButtons { OK, YesNo, YesNoCancel, MergeYesNoCancel };
+enum class MsgAnswer { OK, Yes, No, Cancel, Merge };
 
 struct Message {
   std::string text;
@@ -17,6 +20,10 @@ struct Message {
   // The message reports a job done. A message box shows it with `icon` all the same; a
   // terminal, which says the icon as a word, calls it information.
   bool success = false;
+  // For a question about overwriting a file: the answer that loses nothing of the user's
+  // (Yes for a file exactly as generated, No for one nothing is known about). Unset for
+  // other questions.
+  std::optional<MsgAnswer> keepsUserWork = std::nullopt;
 };
 
 class Prompter {

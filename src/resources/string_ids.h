@@ -132,6 +132,12 @@ inline constexpr int kModuleFileExistsAfter = 10083;
 inline constexpr int kGenerationSucceeded = 10091;
 inline constexpr int kProjectDescriptionSuffix = 10401;
 inline constexpr int kHostLibraryMissing = 10660;
+// Regeneration over files the user changed since they were generated.
+inline constexpr int kEditedSinceGenerated = 14200;  // second line of an overwrite question
+inline constexpr int kMergeButton = 14201;
+inline constexpr int kMergedInto = 14202;        // after the success text, before the files
+inline constexpr int kMergeConflictsIn = 14203;  // before the files and their lines
+inline constexpr int kConflictLinesWord = 14204;
 
 // Choice lists of the problem page: base + list index; filled by trying kListTries numbers.
 inline constexpr int kListTries = 10;

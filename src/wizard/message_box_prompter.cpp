@@ -5,7 +5,10 @@
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QSpacerItem>
+#include <QPushButton>
 
+#include "resources/string_ids.h"
+#include "resources/string_table.h"
 #include "wizard/qt_text.h"
 
 namespace wizard {
@@ -54,9 +57,20 @@ MsgAnswer MessageBoxPrompter::Show(const platform::Message& message) {
                   KeepQuestionMarks(ToQt(message.text)), QMessageBox::NoButton,
                   QApplication::activeWindow());
   WidenForTitle(box);
+  QPushButton* merge = nullptr;
   switch (message.buttons) {
     case MsgButtons::OK:
       box.setStandardButtons(QMessageBox::Ok);
+      break;
+    case MsgButtons::MergeYesNoCancel:
+      // Merge first and the default: it is the answer that loses nothing.
+      merge = box.addButton(ToQt(resources::LoadResString(resources::kMergeButton)),
+                            QMessageBox::YesRole);
+      box.addButton(QMessageBox::Yes);
+      box.addButton(QMessageBox::No);
+      box.addButton(QMessageBox::Cancel);
+      box.setEscapeButton(QMessageBox::Cancel);
+      box.setDefaultButton(merge);
       break;
     case MsgButtons::YesNo:
       box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
@@ -67,8 +81,12 @@ MsgAnswer MessageBoxPrompter::Show(const platform::Message& message) {
       box.setEscapeButton(QMessageBox::Cancel);
       break;
   }
-  if (message.buttons != MsgButtons::OK) box.setDefaultButton(QMessageBox::Yes);
-  switch (box.exec()) {
+  if (message.buttons == MsgButtons::YesNo || message.buttons == MsgButtons::YesNoCancel) {
+    box.setDefaultButton(QMessageBox::Yes);
+  }
+  const int pressed = box.exec();
+  if (merge != nullptr && box.clickedButton() == merge) return MsgAnswer::Merge;
+  switch (pressed) {
     case QMessageBox::Yes: return MsgAnswer::Yes;
     case QMessageBox::No: return MsgAnswer::No;
     case QMessageBox::Cancel: return MsgAnswer::Cancel;

@@ -11,7 +11,8 @@ class MessageBoxPrompter : public platform::Prompter {
   // `defaultTitle` titles a message that brings no title of its own.
   explicit MessageBoxPrompter(QString defaultTitle) : defaultTitle_(std::move(defaultTitle)) {}
 
-  // A modal box over the active window; Escape answers No (Yes/No) or Cancel.
+  // A modal box over the active window; Escape answers No (Yes/No) or Cancel. A box that
+  // offers Merge shows it as its first button and its default.
   platform::MsgAnswer Show(const platform::Message& message) override;
 
  private:

@@ -16,6 +16,10 @@ const Message kNotice{"The object 'Sondel.Coil' has registered yet", MsgButtons:
                       MsgIcon::Information, "Wizard"};
 const Message kLoad{"Load old session ?", MsgButtons::YesNoCancel, MsgIcon::Question, "Wizard"};
 const Message kCreate{"Create ?", MsgButtons::YesNo, MsgIcon::Exclamation, ""};
+const Message kMerge{"Module 'A.bas' already exists. Overwrite ?\nChanged.",
+                     MsgButtons::MergeYesNoCancel, MsgIcon::Exclamation, ""};
+const Message kUnknownFile{"Module 'A.bas' already exists. Overwrite ?", MsgButtons::YesNoCancel,
+                           MsgIcon::Exclamation, "", false, MsgAnswer::No};
 
 struct Console {
   explicit Console(bool interactive, std::optional<MsgAnswer> policy = {}, std::string input = "")
@@ -55,6 +59,11 @@ TEST(ConsolePrompter, PolicyAnswersQuestions) {
   EXPECT_EQ(Console(false, MsgAnswer::Cancel).prompter.Show(kLoad), MsgAnswer::Cancel);
   EXPECT_EQ(Console(false, MsgAnswer::Cancel).prompter.Show(kCreate), MsgAnswer::No);
   EXPECT_EQ(Console(false, MsgAnswer::Yes).prompter.Show(kCreate), MsgAnswer::Yes);
+  // --answer merge: Merge where offered, else what keeps the user's work, else Yes.
+  EXPECT_EQ(Console(false, MsgAnswer::Merge).prompter.Show(kMerge), MsgAnswer::Merge);
+  EXPECT_EQ(Console(false, MsgAnswer::Merge).prompter.Show(kUnknownFile), MsgAnswer::No);
+  EXPECT_EQ(Console(false, MsgAnswer::Merge).prompter.Show(kCreate), MsgAnswer::Yes);
+  EXPECT_EQ(Console(false, MsgAnswer::Yes).prompter.Show(kMerge), MsgAnswer::Yes);
 }
 
 TEST(ConsolePrompter, WithoutPolicyStopsTheQuestionAndSaysWhy) {
@@ -81,6 +90,11 @@ TEST(ConsolePrompter, AsksOnATerminalUntilTheAnswerIsClear) {
   EXPECT_EQ(Console(true, {}, "Yes\n").prompter.Show(kLoad), MsgAnswer::Yes);
   EXPECT_EQ(Console(true, {}, "").prompter.Show(kLoad), MsgAnswer::Cancel);
   EXPECT_EQ(Console(true, {}, "maybe").prompter.Show(kCreate), MsgAnswer::No);
+
+  Console merge(true, {}, "m\n");
+  EXPECT_EQ(merge.prompter.Show(kMerge), MsgAnswer::Merge);
+  EXPECT_THAT(merge.out.str(), HasSubstr("[m]erge, [y]es, [n]o or [c]ancel? "));
+  EXPECT_EQ(Console(true, {}, "m\nn\n").prompter.Show(kLoad), MsgAnswer::No);  // not offered
 }
 
 // The test double that most other tests answer questions with: an unexpected question

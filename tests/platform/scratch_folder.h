@@ -6,12 +6,25 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <string>
 
 // The bytes of `file`; "" when it cannot be read.
 inline std::string ReadBytes(const std::filesystem::path& file) {
   std::ifstream in(file, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// Every file and folder under `folder` by its relative path: a file with its bytes, a
+// folder as "/" (two calls compare equal only when nothing below was added, removed or
+// changed).
+inline std::map<std::string, std::string> Snapshot(const std::filesystem::path& folder) {
+  std::map<std::string, std::string> entries;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+    entries[std::filesystem::relative(entry.path(), folder).string()] =
+        entry.is_directory() ? "/" : ReadBytes(entry.path());
+  }
+  return entries;
 }
 
 class ScratchFolder {

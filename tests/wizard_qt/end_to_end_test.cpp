@@ -100,7 +100,7 @@ class EndToEndTest : public QObject {
     QCOMPARE(QString::fromStdString(ReadBytes(sessionFile)),
              QString::fromStdString(HandWrittenSession(project)));
     const auto fromPages = FilesUnder(out);
-    QCOMPARE(fromPages.size(), std::size_t{3});
+    QCOMPARE(fromPages.size(), std::size_t{6});  // the project's three files and their pristine copies
 
     fs::remove_all(out);
     fs::create_directories(out);
@@ -108,6 +108,43 @@ class EndToEndTest : public QObject {
     std::ofstream(handWritten, std::ios::binary) << HandWrittenSession(project);
     GenerateFromFile(ui, handWritten);
     QVERIFY(FilesUnder(out) == fromPages);
+  }
+
+  // The actuator generated, a limit edited in the class, the same limit changed in the
+  // session and generated again with Merge: one box names the file and the conflict's
+  // lines, and no success message comes.
+  void regenerationOverEditsEndsWithOneBoxAboutTheMerge() {
+    WizardFixture ui(true);
+    ui.registry.AddFile(EOW_EXAMPLES_DIR "/registry/demo-host.reg");
+    const fs::path out = ui.Path("out");
+    fs::create_directories(out);
+    ui.Connect();
+    ui.Click("btnNext");
+    ui.prompter.Answer(MsgAnswer::Yes);  // load the session over the start-up settings
+    ui.TypeAndLeave("edFile", EOW_EXAMPLES_DIR "/actuator/Actuator.bvg");
+    ui.GoToPage(2);
+    ui.TypeAndLeave("edLocation", (out / "Actuator.vbp").string());
+    wizard::WizardForm& form = *ui.addIn.Form();
+    const auto generate = wizard::GenerationWithProgressWindow(ui.fs, ui.registry, ui.prompter);
+    QVERIFY(generate(form));
+
+    const fs::path cls = out / "Actuator.cls";
+    std::string text = ReadBytes(cls);
+    text.replace(text.find("        Max = 5\r\n"), 17, "        Max = 4.5\r\n");
+    std::ofstream(cls, std::ios::binary) << text;
+    form.State().lvInput.SetSubItem(0, 5, "6");
+    ui.prompter.shown.clear();
+    for (MsgAnswer answer : {MsgAnswer::Yes, MsgAnswer::Yes, MsgAnswer::Merge, MsgAnswer::Yes})
+      ui.prompter.Answer(answer);
+    QVERIFY(generate(form));
+    QCOMPARE(ui.prompter.shown[2].buttons, platform::MsgButtons::MergeYesNoCancel);
+    QCOMPARE(ui.prompter.shown.size(), std::size_t{5});
+    const platform::Message& report = ui.prompter.shown.back();
+    QCOMPARE(report.icon, platform::MsgIcon::Exclamation);
+    // The file as the record names it, which is how the questions named it too.
+    QVERIFY2(report.text.ends_with("\n" + out.string() + "/Actuator.cls: lines 218-224"),
+             report.text.c_str());
+    QVERIFY(ReadBytes(cls).find(">>>>>>> Actuator.cls as generated now\r\n") != std::string::npos);
   }
 
  private:

@@ -1,8 +1,10 @@
 // The window's parts that stand alone: filter and caption conversion, the progress
 // window, message boxes and help topics.
 #include <QLabel>
+#include <QMessageBox>
 #include <QProgressBar>
 #include <QtTest>
+#include <algorithm>
 
 #include "platform/chm/chm_archive.h"
 #include "platform/posix/posix_file_system.h"
@@ -75,6 +77,31 @@ class WidgetPartsTest : public QObject {
       prompter.Show({c.text, platform::MsgButtons::YesNo, platform::MsgIcon::Question,
                      "Zentrix Bravant ExploringObject Wizard"});
       QVERIFY(*ran);
+    }
+  }
+
+  // The question about a file changed since it was generated: Merge, Yes, No and Cancel
+  // from left to right; Enter merges, Escape cancels.
+  void mergeQuestionOffersMergeFirstAndByDefault() {
+    using platform::MsgAnswer;
+    wizard::MessageBoxPrompter prompter("SondelW");
+    const platform::Message question{
+        "Module 'C:\\p\\A.bas' already exists. Overwrite ?\nThe file was changed since it was "
+        "generated: Merge keeps those changes.",
+        platform::MsgButtons::MergeYesNoCancel, platform::MsgIcon::Exclamation, "Wizard"};
+    for (const auto& [key, answer] : {std::pair{Qt::Key_Return, MsgAnswer::Merge},
+                                      std::pair{Qt::Key_Escape, MsgAnswer::Cancel}}) {
+      QStringList captions;
+      auto ran = wizard_test::OnNextDialog([&captions, key = key](QDialog& box) {
+        auto buttons = box.findChildren<QPushButton*>();
+        std::sort(buttons.begin(), buttons.end(),
+                  [](QPushButton* a, QPushButton* b) { return a->x() < b->x(); });
+        for (QPushButton* button : buttons) captions << button->text();
+        QTest::keyClick(&box, key);
+      });
+      QCOMPARE(prompter.Show(question), answer);
+      QVERIFY(*ran);
+      QCOMPARE(captions, QStringList({"&Merge", "&Yes", "&No", "Cancel"}));
     }
   }
 

@@ -32,6 +32,7 @@ const char* AnswerWord(MsgAnswer answer) {
     case MsgAnswer::Yes: return "yes";
     case MsgAnswer::No: return "no";
     case MsgAnswer::Cancel: return "cancel";
+    case MsgAnswer::Merge: return "merge";
     case MsgAnswer::OK: break;
   }
   return "ok";
@@ -55,15 +56,18 @@ MsgAnswer ConsolePrompter::Show(const Message& message) {
     out_.flush();
     return MsgAnswer::OK;
   }
-  const MsgAnswer answer = interactive_ ? Ask(message.buttons) : Decide(message.buttons);
+  const MsgAnswer answer = interactive_ ? Ask(message.buttons) : Decide(message);
   out_.flush();
   return answer;
 }
 
 MsgAnswer ConsolePrompter::Ask(MsgButtons buttons) {
-  const bool cancel = buttons == MsgButtons::YesNoCancel;
+  const bool merge = buttons == MsgButtons::MergeYesNoCancel;
+  const bool cancel = merge || buttons == MsgButtons::YesNoCancel;
   for (;;) {
-    out_ << (cancel ? "[y]es, [n]o or [c]ancel? " : "[y]es or [n]o? ");
+    out_ << (merge    ? "[m]erge, [y]es, [n]o or [c]ancel? "
+             : cancel ? "[y]es, [n]o or [c]ancel? "
+                      : "[y]es or [n]o? ");
     out_.flush();
     std::string line;
     if (!std::getline(in_, line)) {
@@ -79,16 +83,24 @@ MsgAnswer ConsolePrompter::Ask(MsgButtons buttons) {
     if (word == "y" || word == "yes") return MsgAnswer::Yes;
     if (word == "n" || word == "no") return MsgAnswer::No;
     if (cancel && (word == "c" || word == "cancel")) return MsgAnswer::Cancel;
+    if (merge && (word == "m" || word == "merge")) return MsgAnswer::Merge;
   }
 }
 
-MsgAnswer ConsolePrompter::Decide(MsgButtons buttons) {
+MsgAnswer ConsolePrompter::Decide(const Message& message) {
+  const MsgButtons buttons = message.buttons;
   if (!policy_) {
-    out_ << "This question needs an answer: run on a terminal or give --answer yes|no|cancel.\n";
+    out_ << "This question needs an answer: run on a terminal or give --answer yes|no|cancel"
+         << (buttons == MsgButtons::MergeYesNoCancel ? "|merge" : "") << ".\n";
     return Unanswered(buttons);
   }
-  // A Yes/No box has no Cancel: the policy's Cancel declines.
   MsgAnswer answer = *policy_ == MsgAnswer::OK ? MsgAnswer::Yes : *policy_;
+  // Merge where it is offered; elsewhere the answer that keeps the user's work, and Yes
+  // to a question that puts none of it at risk.
+  if (answer == MsgAnswer::Merge && buttons != MsgButtons::MergeYesNoCancel) {
+    answer = message.keepsUserWork.value_or(MsgAnswer::Yes);
+  }
+  // A Yes/No box has no Cancel: the policy's Cancel declines.
   if (answer == MsgAnswer::Cancel) answer = Unanswered(buttons);
   out_ << "Answered " << AnswerWord(answer) << " (--answer " << AnswerWord(*policy_) << ").\n";
   return answer;

@@ -11,21 +11,21 @@ class ConsolePrompter : public Prompter {
  public:
   // Messages go to `out`. Questions are asked on `in` when `interactive`; otherwise
   // `policy` answers them (a Cancel policy answers No to a Yes/No question, an OK policy
-  // answers Yes). With neither,
-  // a line says that the question needs an answer and the result is Cancel (No for a
-  // Yes/No question).
+  // answers Yes; a Merge policy answers Merge where it is offered, else the question's
+  // keepsUserWork answer, else Yes). With neither, a line says that the question needs an
+  // answer and the result is Cancel (No for a Yes/No question).
   ConsolePrompter(std::istream& in, std::ostream& out, bool interactive,
                   std::optional<MsgAnswer> policy);
 
   // Prints the title, a word for the icon ("Error", "Question", "Warning", "Information";
-  // "Information" for a success whatever its icon) and the text. An OK box returns OK at once. On a
-  // terminal, y/n/c (either case) answer and other input asks again; the end of input
-  // answers Cancel (No for a Yes/No question).
+  // "Information" for a success whatever its icon) and the text. An OK box returns OK at
+  // once. On a terminal, y/n/c (and m where Merge is offered; either case) answer and
+  // other input asks again; the end of input answers Cancel (No for a Yes/No question).
   MsgAnswer Show(const Message& message) override;
 
  private:
   MsgAnswer Ask(MsgButtons buttons);
-  MsgAnswer Decide(MsgButtons buttons);
+  MsgAnswer Decide(const Message& message);
   std::istream& in_;
   std::ostream& out_;
   bool interactive_;

@@ -44,15 +44,16 @@ std::string RegistryText(const Registry& registry, const std::string& key) {
   return text ? *text : std::string();
 }
 
-// Writes `parts`, one after the other, to the file at `path` in the ANSI code page.
-void WriteAnsi(FileSystem& fs, std::string_view path, std::vector<std::string_view> parts) {
+// Saves `parts`, one after the other, as the file at `path` in the ANSI code page.
+void WriteAnsi(vbfiles::FileStore& store, std::string_view path,
+               std::vector<std::string_view> parts) {
   // Generated code is mostly plain ASCII: such a part is written as it is, without a copy.
   std::vector<std::string> converted;
   converted.reserve(parts.size());
   for (std::string_view& part : parts) {
     if (!vbrt::IsCodePageNeutral(part)) part = converted.emplace_back(vbrt::ToAnsi(part));
   }
-  vbfiles::ReplaceFile(fs.ToNative(path), parts);
+  store.Save(path, parts);
 }
 
 class FilesCodeModule : public CodeModule {
@@ -81,8 +82,9 @@ class FilesCodeModule : public CodeModule {
 
 class FilesComponent : public VBComponent {
  public:
-  FilesComponent(FileSystem& fs, const Failures& failures, ComponentKind kind, std::string name)
-      : fs_(fs), failures_(failures), kind_(kind), name_(std::move(name)), code_(failures) {}
+  FilesComponent(vbfiles::FileStore& store, const Failures& failures, ComponentKind kind,
+                 std::string name)
+      : store_(store), failures_(failures), kind_(kind), name_(std::move(name)), code_(failures) {}
 
   std::string Name() const override { return name_; }
   void SetName(std::string_view name) override {
@@ -96,7 +98,7 @@ class FilesComponent : public VBComponent {
                                    : vbfiles::ModuleFileHeader(name_);
     std::vector<std::string_view> parts = code_.Pieces();
     parts.insert(parts.begin(), header);
-    WriteAnsi(fs_, path, std::move(parts));
+    WriteAnsi(store_, path, std::move(parts));
     file_ = path;
   }
   CodeModule& GetCodeModule() override { return code_; }
@@ -105,7 +107,7 @@ class FilesComponent : public VBComponent {
   const std::string& File() const { return file_; }
 
  private:
-  FileSystem& fs_;
+  vbfiles::FileStore& store_;
   const Failures& failures_;
   ComponentKind kind_;
   std::string name_;
@@ -115,9 +117,9 @@ class FilesComponent : public VBComponent {
 
 class FilesProject : public VBProject, VBComponents, References {
  public:
-  FilesProject(FileSystem& fs, const Registry& registry, const Failures& failures)
-      : fs_(fs), registry_(registry), failures_(failures) {
-    components_.emplace_back(fs_, failures_, ComponentKind::ClassModule, "Class1");
+  FilesProject(vbfiles::FileStore& store, const Registry& registry, const Failures& failures)
+      : store_(store), registry_(registry), failures_(failures) {
+    components_.emplace_back(store_, failures_, ComponentKind::ClassModule, "Class1");
   }
 
   std::string Name() const override { return name_; }
@@ -145,7 +147,7 @@ class FilesProject : public VBProject, VBComponents, References {
                                  component.Name(),
                                  beside ? FileName(component.File()) : component.File()});
     }
-    WriteAnsi(fs_, path, {vbfiles::ProjectFileText(file)});
+    WriteAnsi(store_, path, {vbfiles::ProjectFileText(file)});
   }
 
   // VBComponents
@@ -162,7 +164,7 @@ class FilesProject : public VBProject, VBComponents, References {
     int n = 1;
     const std::string base = isClass ? "Class" : "Module";
     while (HasComponent(base + std::to_string(n))) ++n;
-    return components_.emplace_back(fs_, failures_, kind, base + std::to_string(n));
+    return components_.emplace_back(store_, failures_, kind, base + std::to_string(n));
   }
 
   // References
@@ -186,7 +188,7 @@ class FilesProject : public VBProject, VBComponents, References {
                        [&](const FilesComponent& c) { return SameText(c.Name(), name); });
   }
 
-  FileSystem& fs_;
+  vbfiles::FileStore& store_;
   const Registry& registry_;
   const Failures& failures_;
   std::string name_ = "Project1";
@@ -199,8 +201,8 @@ class FilesProject : public VBProject, VBComponents, References {
 
 class VbFilesEnvironment::Projects : public VBProjects {
  public:
-  Projects(FileSystem& fs, const Registry& registry, const Failures& failures)
-      : fs_(fs), registry_(registry), failures_(failures) {}
+  Projects(vbfiles::FileStore& store, const Registry& registry, const Failures& failures)
+      : store_(store), registry_(registry), failures_(failures) {}
 
   int Count() const override { return static_cast<int>(projects_.size()); }
 
@@ -209,7 +211,7 @@ class VbFilesEnvironment::Projects : public VBProjects {
     if (type != ProjectType::ActiveXDll) {
       throw vbrt::VbError(kInvalidArgument, "Only ActiveX DLL projects can be created here");
     }
-    return *projects_.emplace_back(std::make_unique<FilesProject>(fs_, registry_, failures_));
+    return *projects_.emplace_back(std::make_unique<FilesProject>(store_, registry_, failures_));
   }
 
   void Remove(VBProject& project) override {
@@ -221,14 +223,15 @@ class VbFilesEnvironment::Projects : public VBProjects {
   }
 
  private:
-  FileSystem& fs_;
+  vbfiles::FileStore& store_;
   const Registry& registry_;
   const Failures& failures_;
   std::vector<std::unique_ptr<FilesProject>> projects_;
 };
 
-VbFilesEnvironment::VbFilesEnvironment(FileSystem& fs, const Registry& registry)
-    : projects_(std::make_unique<Projects>(fs, registry, failures_)) {}
+VbFilesEnvironment::VbFilesEnvironment(FileSystem& fs, const Registry& registry,
+                                       vbfiles::Saving saving)
+    : store_(fs, saving), projects_(std::make_unique<Projects>(store_, registry, failures_)) {}
 
 VbFilesEnvironment::~VbFilesEnvironment() = default;
 

@@ -1,7 +1,8 @@
 #pragma once
 // The development environment on Linux: an in-memory set of projects whose SaveAs
 // writes the files the environment itself writes for an ActiveX DLL project (.vbp, .cls,
-// .bas), in the ANSI code page with CR LF.
+// .bas), in the ANSI code page with CR LF, through a FileStore (which keeps the pristine
+// copies of generated files, merges, and writes nothing in a dry run).
 #include <map>
 #include <memory>
 #include <string>
@@ -11,6 +12,7 @@
 #include "platform/dev_environment.h"
 #include "platform/file_system.h"
 #include "platform/registry.h"
+#include "platform/vbfiles/file_store.h"
 
 namespace platform {
 
@@ -18,13 +20,15 @@ class VbFilesEnvironment : public DevEnvironment {
  public:
   // Files are written through `fs`; the paths and descriptions of referenced type
   // libraries are looked up in `registry` (HKCR\TypeLib\{guid}\<major.minor>). Both must
-  // outlive the environment.
-  VbFilesEnvironment(FileSystem& fs, const Registry& registry);
+  // outlive the environment. With Saving::DryRun no save writes anything.
+  VbFilesEnvironment(FileSystem& fs, const Registry& registry,
+                     vbfiles::Saving saving = vbfiles::Saving::ToDisk);
   ~VbFilesEnvironment() override;
 
   VBProjects& GetVBProjects() override;
   // There are no windows to bring forward here.
   void ActivateWindow(std::string_view) override {}
+  Regeneration* GetRegeneration() override { return &store_; }
 
   // Makes every later call of `operation` ("VBProjects.Add", "VBProject.SaveAs",
   // "VBComponent.SaveAs", "References.AddFromGuid", "CodeModule.InsertLines",
@@ -36,6 +40,7 @@ class VbFilesEnvironment : public DevEnvironment {
 
  private:
   std::map<std::string, std::pair<int, std::string>, std::less<>> failures_;
+  vbfiles::FileStore store_;
   std::unique_ptr<Projects> projects_;
 };
 

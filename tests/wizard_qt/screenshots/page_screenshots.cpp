@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include "../wizard_fixture.h"
+#include "generator/merge_report.h"
 #include "wizard/launch_notice.h"
 #include "wizard/message_box_prompter.h"
 #include "wizard/progress_window.h"
@@ -112,6 +113,26 @@ class PageScreenshots : public QObject {
     ui.Connect();
     ui.GoToPage(7);
     Save(ui.window, "page7-without-project.png");
+  }
+
+  // The question about a class file the engineer changed since it was generated, and the
+  // message after a merge with conflicts.
+  void mergeQuestionAndConflicts() {
+    wizard::MessageBoxPrompter prompter("SondelW");
+    auto ran = OnNextDialog([](QDialog& box) { Save(&box, "merge-question.png"); });
+    prompter.Show({"Class module 'C:\\Models\\Actuator\\Actuator.cls' already exists. "
+                   "Overwrite ?\nThe file was changed since it was generated: Merge keeps "
+                   "those changes.",
+                   platform::MsgButtons::MergeYesNoCancel, platform::MsgIcon::Exclamation,
+                   "Zentrix Bravant ExploringObject Wizard"});
+    QVERIFY(*ran);
+    using platform::SaveChoice;
+    const auto conflicts = generator::MergeOutcome(
+        {{"C:\\Models\\Actuator\\Actuator.cls", SaveChoice::Merge, {{218, 224}, {301, 309}}},
+         {"C:\\Models\\Actuator\\Actuator.bas", SaveChoice::Merge, {{40, 46}}}});
+    ran = OnNextDialog([](QDialog& box) { Save(&box, "merge-conflicts.png"); });
+    prompter.Show(conflicts.value());
+    QVERIFY(*ran);
   }
 
   void progressAndLaunchWindows() {

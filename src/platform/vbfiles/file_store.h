@@ -1,0 +1,57 @@
+#pragma once
+// Where the development environment's saves of project, class and module files go. The
+// store writes each file (temporary file and rename), keeps a pristine copy of what a
+// generation saved in the folder ".eowizard" beside it, merges a file the user changed
+// since it was generated with the new text when the generation plans so, and in a dry
+// run writes nothing at all.
+#include <filesystem>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/file_system.h"
+#include "platform/regeneration.h"
+
+namespace platform::vbfiles {
+
+enum class Saving { ToDisk, DryRun };
+
+// The pristine copy of `file`: ".eowizard/<file name>" in the file's folder.
+std::filesystem::path PristineCopyOf(const std::filesystem::path& file);
+
+class FileStore : public Regeneration {
+ public:
+  // Paths are mapped to files through `fs`, which must outlive the store.
+  FileStore(FileSystem& fs, Saving saving);
+
+  // Saves the code-page bytes of `parts`, one after the other, as the file `path`. A file
+  // planned for merging and every file of a dry run is not written; a planned file's
+  // bytes are kept for Complete. Throws vbrt::VbError naming the file when it cannot be
+  // written.
+  void Save(std::string_view path, std::span<const std::string_view> parts);
+
+  FileHistory History(std::string_view path) const override;
+  void Plan(std::string_view path, SaveChoice choice) override;
+  void Complete() override;
+  void Abandon() override;
+  bool DryRun() const override { return saving_ == Saving::DryRun; }
+  const std::vector<SavedFile>& Saved() const override { return saved_; }
+
+ private:
+  struct Planned {
+    std::string path;
+    std::filesystem::path file;
+    SaveChoice choice;
+    std::string generated;  // the bytes of its last save
+  };
+
+  Planned* Find(const std::filesystem::path& file);
+
+  FileSystem& fs_;
+  Saving saving_;
+  std::vector<Planned> plans_;
+  std::vector<SavedFile> saved_;
+};
+
+}  // namespace platform::vbfiles

@@ -14,7 +14,7 @@
 #include "platform/regfile/registry_files.h"
 #include "platform/vbfiles/vb_files_environment.h"
 #include "wizard/generation_runner.h"
-#include "wizard/help_window.h"
+#include "wizard/chm_help_viewer.h"
 #include "wizard/message_box_prompter.h"
 #include "wizard/model/wizard_connection.h"
 #include "wizard/wizard_view.h"
@@ -51,7 +51,8 @@ int RunWizardWindow(int argc, char** argv, const std::string& sessionFile) {
   }
   platform::PosixFileSystem fs(platform::DriveMap::FromEnvironment());
   platform::VbFilesEnvironment environment(fs, *registry);
-  wizard::ChmHelpViewer help(fs);
+  // Help beside the program as the wizard names it, else the installed copy.
+  wizard::ChmHelpViewer help(fs, {platform::InstalledDataFolder() / "Help"});
   wizard::FormServices services{
       fs,
       *registry,

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "wizard/browse_dialog.h"
+#include "wizard/help_window.h"
 #include "wizard/input_page_view.h"
 #include "wizard/output_page_view.h"
 #include "wizard/qt_text.h"
@@ -100,6 +101,7 @@ WizardWindow::WizardWindow(WizardForm& form, const platform::FileSystem& fs)
   layout->addWidget(bar);
   // Enter presses only the button the form makes the default, never the focused one.
   for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
+  PressOnF1(this, findChild<QPushButton*>("btnHelp"));
   ConnectFields();
   resize(760, 500);
   ApplyState();

@@ -1,6 +1,8 @@
 // Saves a picture of every page of the wizard filled from the heater example, of the
 // cell editors and dialogs of the parameter pages, of the finish page without a project,
 // and of the progress and start-up windows into the build folder, for a person to look at.
+// The pages and dialogs are also saved reduced into screenshots/help: the help topics show
+// copies of those (help/HTML/images).
 #include <QComboBox>
 #include <QDir>
 #include <QtTest>
@@ -17,20 +19,20 @@ class PageScreenshots : public QObject {
   Q_OBJECT
 
  private slots:
-  void initTestCase() { QVERIFY(QDir().mkpath(EOW_SCREENSHOT_DIR)); }
+  void initTestCase() { QVERIFY(QDir().mkpath(EOW_SCREENSHOT_DIR "/help")); }
 
   void everyPageWithItsEditorsAndDialogs() {
     WizardFixture ui;
     ui.Connect();
     ui.Click("btnNext");
     ui.prompter.Answer(platform::MsgAnswer::Yes);
-    ui.TypeAndLeave("edFile", EOW_EXAMPLES_DIR "/heater/Heater.bvg");
+    ui.TypeAndLeave("edFile", "examples/heater/Heater.bvg");  // beside the working folder
     ui.Click("btnBack");
     for (int page = 0; page < wizard::kPageCount; ++page) {
       QCOMPARE(ui.Page(), page);
-      Save(ui.window, QString("page%1.png").arg(page));
+      Save(ui.window, QString("page%1.png").arg(page), kForHelp);
       if (page == 5) SaveInputEditors(ui);
-      if (page == 6) SaveDialog(ui, "btnOutputCustom", "dlgOutput.png");
+      if (page == 6) SaveDialog(ui, "btnOutputCustom", "dlgOutput.png", kForHelp);
       ui.Click("btnNext");
     }
   }
@@ -57,13 +59,22 @@ class PageScreenshots : public QObject {
   }
 
  private:
-  static void Save(QWidget* window, const QString& name) {
+  static constexpr bool kForHelp = true;
+  static constexpr double kHelpScale = 0.6;
+
+  static void Save(QWidget* window, const QString& name, bool forHelp = false) {
     QVERIFY(QTest::qWaitForWindowExposed(window));
-    QVERIFY(window->grab().save(QDir(EOW_SCREENSHOT_DIR).filePath(name)));
+    const QPixmap picture = window->grab();
+    QVERIFY(picture.save(QDir(EOW_SCREENSHOT_DIR).filePath(name)));
+    if (forHelp) {
+      QVERIFY(picture.scaledToWidth(qRound(picture.width() * kHelpScale), Qt::SmoothTransformation)
+                  .save(QDir(EOW_SCREENSHOT_DIR "/help").filePath(name)));
+    }
   }
 
-  static void SaveDialog(WizardFixture& ui, const char* button, const QString& name) {
-    auto ran = OnNextDialog([name](QDialog& dialog) { Save(&dialog, name); });
+  static void SaveDialog(WizardFixture& ui, const char* button, const QString& name,
+                         bool forHelp = false) {
+    auto ran = OnNextDialog([=](QDialog& dialog) { Save(&dialog, name, forHelp); });
     ui.Click(button);
     QVERIFY(*ran);
   }
@@ -76,7 +87,7 @@ class PageScreenshots : public QObject {
     ClickCell(*list, 2, 0);
     Save(ui.window, "page5-text-editor.png");
     QTest::keyClick(ui.Control<QLineEdit>("lvEdit"), Qt::Key_Escape);
-    SaveDialog(ui, "btnInputEdit", "dlgInput.png");
+    SaveDialog(ui, "btnInputEdit", "dlgInput.png", kForHelp);
   }
 };
 

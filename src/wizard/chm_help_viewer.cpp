@@ -1,0 +1,26 @@
+#include "wizard/chm_help_viewer.h"
+
+#include <QApplication>
+
+namespace wizard {
+
+ChmHelpViewer::ChmHelpViewer(const platform::FileSystem& fs,
+                             std::vector<std::filesystem::path> otherFolders)
+    : fs_(fs), otherFolders_(std::move(otherFolders)) {}
+
+void ChmHelpViewer::ShowTopic(std::string_view fileAndTopic) {
+  const auto reference = platform::SplitHelpReference(fileAndTopic);
+  if (!reference) return;
+  std::vector<std::filesystem::path> candidates{fs_.ToNative(reference->file)};
+  for (const std::filesystem::path& folder : otherFolders_)
+    candidates.push_back(folder / candidates.front().filename());
+  for (const std::filesystem::path& file : candidates) {
+    auto archive = platform::ChmArchive::Open(file);
+    if (!archive) continue;
+    if (!window_) window_ = std::make_unique<HelpWindow>();
+    window_->ShowTopic(std::move(*archive), file, *reference, QApplication::activeModalWidget());
+    return;
+  }
+}
+
+}  // namespace wizard

@@ -67,6 +67,11 @@ void PressOnF1(QWidget* window, QAbstractButton* help) {
 }
 
 HelpWindow::HelpWindow() {
+  // A dialog of the wizard's, as far as the window manager is concerned: kept above the
+  // window it is shown from (all of the wizard's windows when none), yet modeless,
+  // resizable and with its own title-bar buttons.
+  setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                 Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
   setObjectName("HelpWindow");
   setWindowTitle("Help");
   browser_ = new HelpBrowser;
@@ -79,7 +84,7 @@ HelpWindow::HelpWindow() {
   splitter->addWidget(lists);
   splitter->addWidget(browser_);
   splitter->setStretchFactor(1, 1);
-  splitter->setSizes({240, kFirstSize.width() - 240});
+  splitter->setSizes({270, kFirstSize.width() - 270});
   setCentralWidget(splitter);
 
   QToolBar* bar = addToolBar("Navigation");
@@ -139,13 +144,16 @@ void HelpWindow::FillLists() {
 
 void HelpWindow::StandAbove(QWidget* owner) {
   // A window that a modal dialog owns is not blocked by it, and window managers keep it
-  // above its owner. They read the owner when the window is mapped: a shown window is
-  // mapped anew.
-  winId();
+  // above its owner. They learn the owner when the window is mapped: a shown window
+  // whose owner changes, or has closed, is mapped anew.
   QWindow* ownerWindow = owner != nullptr ? owner->window()->windowHandle() : nullptr;
-  if (windowHandle()->transientParent() == ownerWindow) return;
+  const bool ownerClosed = owned_ && owner_.isNull();
+  if (ownerWindow == owner_ && !ownerClosed) return;
   if (isVisible()) hide();
+  winId();
   windowHandle()->setTransientParent(ownerWindow);
+  owner_ = ownerWindow;
+  owned_ = ownerWindow != nullptr;
 }
 
 void HelpWindow::TopicShown(const QUrl& url) {

@@ -2,12 +2,14 @@
 // The help window: a topic of the help file beside the file's contents and index, with
 // back and forward. It remembers its size from one run to the next.
 #include <QMainWindow>
+#include <QPointer>
 #include <filesystem>
 
 #include "platform/chm/chm_archive.h"
 
 class QAbstractButton;
 class QTreeWidget;
+class QWindow;
 
 namespace wizard {
 
@@ -39,6 +41,8 @@ class HelpWindow : public QMainWindow {
   void TopicShown(const QUrl& url);
 
   std::filesystem::path file_;
+  QPointer<QWindow> owner_;  // the window it was last shown above
+  bool owned_ = false;       // it was shown above one, which may have closed since
   HelpBrowser* browser_ = nullptr;
   QTreeWidget* contents_ = nullptr;
   QTreeWidget* index_ = nullptr;

@@ -193,7 +193,7 @@ class HelpTest : public QObject {
     QVERIFY(browser->verticalScrollBar()->value() > 0);  // at the dialog's section
     QCOMPARE(window.windowTitle(), QString("Output Parameters - Help"));
     auto* contents = window.findChild<QTreeWidget*>("helpContents");
-    QCOMPARE(contents->currentItem()->text(0), QString("Custom output parameter dialog"));
+    QCOMPARE(contents->currentItem()->text(0), QString("Custom output parameter"));
     QCOMPARE(contents->topLevelItem(0)->childCount(), 7);
     QVERIFY(window.findChild<QTreeWidget*>("helpIndex")->topLevelItemCount() > 20);
 

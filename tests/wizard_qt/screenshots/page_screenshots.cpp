@@ -1,10 +1,13 @@
 // Saves a picture of every page of the wizard filled from the heater example, of the
 // cell editors and dialogs of the parameter pages, of the finish page without a project,
 // and of the progress and start-up windows into the build folder, for a person to look at.
-// The pages and dialogs are also saved reduced into screenshots/help: the help topics show
+// The help window is saved as the dialogs open it. The pages and dialogs are also saved
+// reduced into screenshots/help: the help topics show
 // copies of those (help/HTML/images).
 #include <QComboBox>
 #include <QDir>
+#include <QSettings>
+#include <QStandardPaths>
 #include <QtTest>
 
 #include "../wizard_fixture.h"
@@ -19,7 +22,12 @@ class PageScreenshots : public QObject {
   Q_OBJECT
 
  private slots:
-  void initTestCase() { QVERIFY(QDir().mkpath(EOW_SCREENSHOT_DIR "/help")); }
+  void initTestCase() {
+    // The help window opens at its first size, and keeps its size out of ~/.config.
+    QStandardPaths::setTestModeEnabled(true);
+    QSettings("eowizard", "eowizard").clear();
+    QVERIFY(QDir().mkpath(EOW_SCREENSHOT_DIR "/help"));
+  }
 
   void everyPageWithItsEditorsAndDialogs() {
     WizardFixture ui;
@@ -42,6 +50,34 @@ class PageScreenshots : public QObject {
     ui.Connect();
     ui.GoToPage(7);
     Save(ui.window, "page7-without-project.png");
+  }
+
+  void helpWindowOpenedFromTheDialogs() {
+    WizardFixture ui(false, wizard_test::Help::FromBuiltFile);
+    ui.Connect();
+    const struct {
+      int page;
+      const char* opens;
+      Qt::Key key;  // F1, or none for the Help button
+      const char* name;
+    } dialogs[] = {{5, "btnInputAdd", Qt::Key_unknown, "help-input-dialog.png"},
+                   {6, "btnOutputCustom", Qt::Key_F1, "help-custom-output.png"}};
+    for (const auto& d : dialogs) {
+      ui.GoToPage(d.page);
+      auto ran = OnNextDialog([&](QDialog& dialog) {
+        dialog.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        if (d.key == Qt::Key_F1) {
+          QTest::keyClick(&dialog, Qt::Key_F1);
+        } else {
+          QTest::mouseClick(dialog.findChild<QPushButton*>("btnHelp"), Qt::LeftButton);
+        }
+        QVERIFY(ui.builtHelp.Window() != nullptr);
+        Save(ui.builtHelp.Window(), d.name);
+      });
+      ui.Click(d.opens);
+      QVERIFY(*ran);
+    }
   }
 
   void progressAndLaunchWindows() {

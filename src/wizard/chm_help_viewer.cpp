@@ -11,9 +11,10 @@ ChmHelpViewer::ChmHelpViewer(const platform::FileSystem& fs,
 void ChmHelpViewer::ShowTopic(std::string_view fileAndTopic) {
   const auto reference = platform::SplitHelpReference(fileAndTopic);
   if (!reference) return;
-  std::vector<std::filesystem::path> candidates{fs_.ToNative(reference->file)};
+  const std::filesystem::path named = fs_.ToNative(reference->file);
+  std::vector<std::filesystem::path> candidates{named};
   for (const std::filesystem::path& folder : otherFolders_)
-    candidates.push_back(folder / candidates.front().filename());
+    candidates.push_back(folder / named.filename());
   for (const std::filesystem::path& file : candidates) {
     auto archive = platform::ChmArchive::Open(file);
     if (!archive) continue;

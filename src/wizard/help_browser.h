@@ -4,6 +4,7 @@
 // folder and are read from the same file.
 #include <QTextBrowser>
 #include <optional>
+#include <string_view>
 
 #include "platform/chm/chm_archive.h"
 

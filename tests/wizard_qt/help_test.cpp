@@ -101,43 +101,31 @@ class HelpTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void everyTopicTheWizardNamesIsInTheHelpFileAndItsContents() {
+  // Every topic the wizard names is listed once in the contents; every entry of the
+  // contents and index, every link of a topic and every anchor it names lead to what is in
+  // the file, and every picture is there.
+  void everyNamedTopicIsListedAndEveryEntryLinkAndPictureResolves() {
     const auto archive = platform::ChmArchive::Open(kBuiltHelp);
     QVERIFY(archive.has_value());
     const std::vector<std::string> contents = ListedTopics(*archive, ".hhc");
     for (std::string_view named : NamedTopics()) {
-      const auto reference = platform::SplitHelpReference(named);
-      QCOMPARE(reference->file, std::string("/../../Help/") + kBuiltHelp.filename().string());
-      const auto html = archive->Read(reference->topic);
-      QVERIFY2(html.has_value(), named.data());
-      if (!reference->anchor.empty())
-        QVERIFY2(PartsOf(*html).anchors.contains(QString::fromStdString(reference->anchor)), named.data());
-      const QString listed = UrlOf(named).toString(QUrl::RemoveScheme).mid(1);
-      QVERIFY2(std::ranges::count(contents, listed.toStdString()) == 1, named.data());
+      QVERIFY(platform::SplitHelpReference(named)->file == "/../../Help/" + kBuiltHelp.filename().string());
+      const std::string listed = UrlOf(named).toString(QUrl::RemoveScheme).mid(1).toStdString();
+      QVERIFY2(std::ranges::count(contents, listed) == 1, named.data());
     }
-  }
-
-  void everyLinkPictureAndListEntryResolves() {
-    const auto archive = platform::ChmArchive::Open(kBuiltHelp);
-    QVERIFY(archive.has_value());
     std::vector<QUrl> targets;
     for (const char* list : {".hhc", ".hhk"}) {
-      const std::vector<std::string> entries = ListedTopics(*archive, list);
-      QVERIFY(!entries.empty());
-      for (const std::string& entry : entries) targets.push_back(wizard::HelpBrowser::TopicUrl(entry));
+      for (const std::string& entry : ListedTopics(*archive, list))
+        targets.push_back(wizard::HelpBrowser::TopicUrl(entry));
     }
     const std::vector<QUrl> listed = targets;
-    int links = 0;
     for (const QUrl& topic : listed) {
-      const auto html = archive->Read(topic.path().toStdString());
-      QVERIFY2(html.has_value(), qPrintable(topic.toString()));
-      const TopicParts parts = PartsOf(*html);
+      const TopicParts parts = PartsOf(archive->Read(topic.path().toStdString()).value_or(""));
       for (const QString& picture : parts.pictures)
         QVERIFY2(archive->Read(topic.resolved(QUrl(picture)).path().toStdString()), qPrintable(picture));
       for (const QString& link : parts.links) targets.push_back(topic.resolved(QUrl(link)));
-      links += static_cast<int>(parts.links.size());
     }
-    QVERIFY(links > 20);  // the topics lead to one another
+    QVERIFY(targets.size() > listed.size());  // the topics lead to one another
     for (const QUrl& target : targets) {
       const auto html = archive->Read(target.path().toStdString());
       QVERIFY2(html.has_value(), qPrintable(target.toString()));

@@ -9,7 +9,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev libgmsh-dev libchm-dev libxml2-dev
   # the help compiler, the manual page, the Debian package and its checks
-  fp-utils help2man dpkg-dev lintian desktop-file-utils
+  fp-utils help2man dpkg-dev file lintian desktop-file-utils
   locales
   clang libclang-rt-14-dev
 )

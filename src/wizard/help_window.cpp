@@ -67,9 +67,9 @@ void PressOnF1(QWidget* window, QAbstractButton* help) {
 }
 
 HelpWindow::HelpWindow() {
-  // A dialog of the wizard's, as far as the window manager is concerned: kept above the
-  // window it is shown from (all of the wizard's windows when none), yet modeless,
-  // resizable and with its own title-bar buttons.
+  // A dialog of the wizard's, as far as the window manager is concerned, so that it is
+  // told which window the help belongs to (see StandAbove); yet modeless, resizable and
+  // with its own title-bar buttons where the window manager gives dialogs any.
   setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                  Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
   setObjectName("HelpWindow");

@@ -2,9 +2,9 @@
 #   make run   installs what is missing, builds, and runs the main job on the shipped example
 #   make test  installs what is missing, builds, and runs every test: the release build,
 #              the same under ASan+UBSan, and a short pass of every fuzz target
-# and, with their own commands, the long fuzz campaign (make fuzz) and the benchmarks
-# (make bench).
-.PHONY: run test setup build build-sanitize test-sanitize build-fuzz test-fuzz fuzz bench clean
+# and, with their own commands, the long fuzz campaign (make fuzz), the benchmarks
+# (make bench) and the Debian package (make package).
+.PHONY: run test setup build build-sanitize test-sanitize build-fuzz test-fuzz fuzz bench package clean
 
 # The main job: generate the shipped actuator example into a fresh out/Actuator and list
 # the files written.
@@ -51,6 +51,11 @@ fuzz: build-fuzz
 # and the whole-process comparison.
 bench: build
 	bench/run.sh build/default
+
+# The Debian package build/default/eowizard_<version>_amd64.deb; install it with
+# apt install ./build/default/eowizard_*.deb
+package: build
+	cd build/default && cpack -G DEB
 
 clean:
 	rm -rf build

@@ -7,7 +7,9 @@ packages=(
   cmake ninja-build g++ pkg-config
   libfmt-dev libcli11-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  qt6-base-dev libgmsh-dev libchm-dev libgit2-dev
+  qt6-base-dev libgmsh-dev libchm-dev libgit2-dev libxml2-dev
+  # the help compiler, the manual page, the Debian package and its checks
+  fp-utils help2man dpkg-dev file lintian desktop-file-utils
   locales
   clang libclang-rt-14-dev
   xvfb openbox xdotool x11-utils x11-xserver-utils x11-apps netpbm

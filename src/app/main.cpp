@@ -15,6 +15,7 @@ int main(int argc, char** argv) {
   CLI::App cli{"eowizard - exploring-object project wizard"};
   // Without a subcommand the wizard window opens.
   cli.require_subcommand(0, 1);
+  cli.set_version_flag("--version", "eowizard " EOWIZARD_VERSION);
   std::string sessionFile;
   cli.add_option("--session", sessionFile, "Open the wizard with this session file loaded");
   app::ServiceOptions windowOptions;

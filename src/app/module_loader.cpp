@@ -11,7 +11,7 @@ namespace app {
 
 std::filesystem::path ModuleFolder() {
   if (const char* folder = std::getenv("EOWIZARD_MODULE_DIR"); folder && *folder) return folder;
-  return (platform::ProgramFolder() / ".." / "lib" / "eowizard").lexically_normal();
+  return (platform::ProgramFolder() / ".." / "libexec" / "eowizard").lexically_normal();
 }
 
 void* LoadModuleEntry(const char* module, const char* symbol, std::string_view need) {

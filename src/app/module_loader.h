@@ -13,7 +13,7 @@ class ModuleError : public std::runtime_error {
 };
 
 // The folder the modules are loaded from: $EOWIZARD_MODULE_DIR when it is set, otherwise
-// lib/eowizard beside the program's bin folder (../lib/eowizard from the program's own
+// libexec/eowizard beside the program's bin folder (../libexec/eowizard from the program's own
 // folder), which is where they are installed and where the build puts them.
 std::filesystem::path ModuleFolder();
 

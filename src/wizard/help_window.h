@@ -1,44 +1,51 @@
 #pragma once
-// Help topics of compiled help files, shown in a text browser window.
-#include <QTextBrowser>
-#include <memory>
-#include <optional>
+// The help window: a topic of the help file beside the file's contents and index, with
+// back and forward. It remembers its size from one run to the next.
+#include <QMainWindow>
+#include <QPointer>
+#include <filesystem>
 
 #include "platform/chm/chm_archive.h"
-#include "platform/file_system.h"
-#include "platform/help_viewer.h"
+
+class QAbstractButton;
+class QTreeWidget;
+class QWindow;
 
 namespace wizard {
 
-// A browser over one help file: links and pictures of a topic are read from the same
-// file.
-class HelpWindow : public QTextBrowser {
+class HelpBrowser;
+
+// F1 presses `help` while `window` (the window or dialog that holds it) is active: every
+// page and dialog answers F1 as its Help button.
+void PressOnF1(QWidget* window, QAbstractButton* help);
+
+class HelpWindow : public QMainWindow {
   Q_OBJECT
 
  public:
   HelpWindow();
-  // Shows `topic` of `archive`; false (and nothing changes) when the file has no such
-  // topic.
-  bool ShowTopic(platform::ChmArchive archive, const std::string& topic);
+
+  // Shows `reference`'s topic, scrolled to its anchor, from `archive`, which was opened
+  // from `file` (a file already shown keeps its history and lists). With an `owner` (the
+  // modal dialog that asked for help) the window stands above it and can be used while
+  // it is open. False, and nothing changes, when the file has no such topic.
+  bool ShowTopic(platform::ChmArchive archive, const std::filesystem::path& file,
+                 const platform::HelpReference& reference, QWidget* owner);
 
  protected:
-  QVariant loadResource(int type, const QUrl& name) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
-  std::optional<platform::ChmArchive> archive_;
-};
+  void FillLists();
+  void StandAbove(QWidget* owner);
+  void TopicShown(const QUrl& url);
 
-class ChmHelpViewer : public platform::HelpViewer {
- public:
-  // Help file paths are mapped to files through `fs`, which must outlive the viewer.
-  explicit ChmHelpViewer(const platform::FileSystem& fs) : fs_(fs) {}
-
-  // Opens the help window on the topic; a missing file or topic does nothing.
-  void ShowTopic(std::string_view fileAndTopic) override;
-
- private:
-  const platform::FileSystem& fs_;
-  std::unique_ptr<HelpWindow> window_;
+  std::filesystem::path file_;
+  QPointer<QWindow> owner_;  // the window it was last shown above
+  bool owned_ = false;       // it was shown above one, which may have closed since
+  HelpBrowser* browser_ = nullptr;
+  QTreeWidget* contents_ = nullptr;
+  QTreeWidget* index_ = nullptr;
 };
 
 }  // namespace wizard

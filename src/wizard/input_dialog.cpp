@@ -13,6 +13,7 @@
 
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "wizard/help_window.h"
 #include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
@@ -98,6 +99,7 @@ InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* paren
   // The dialog stands over page 5, so the form's help is the input page's topic.
   connect(help, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Help(); }); });
+  PressOnF1(this, help);
 
   auto* top = new QHBoxLayout;
   top->addLayout(fields, 1);

@@ -9,6 +9,7 @@
 
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "wizard/help_window.h"
 #include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
@@ -48,9 +49,10 @@ OutputParameterDialog::OutputParameterDialog(FormForwarder forward, QWidget* par
   connect(ok, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Outputs().DialogAccept(); }); });
   connect(cancel, &QPushButton::clicked, this, &OutputParameterDialog::reject);
-  connect(help, &QPushButton::clicked, this, [this] {
-    forward_([](WizardForm& form) { form.ShowHelpTopic(kCustomOutputHelpTopic); });
-  });
+  // While the dialog is open the form's help is the dialog's topic.
+  connect(help, &QPushButton::clicked, this,
+          [this] { forward_([](WizardForm& form) { form.Help(); }); });
+  PressOnF1(this, help);
 
   notice_ = NewNoticeLabel("lblStatus");
   auto* layout = new QVBoxLayout(this);

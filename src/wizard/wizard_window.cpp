@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "wizard/browse_dialog.h"
+#include "wizard/help_window.h"
 #include "wizard/input_page_view.h"
 #include "wizard/model_picture_view.h"
 #include "wizard/notice_label.h"
@@ -98,6 +99,7 @@ WizardWindow::WizardWindow(WizardForm& form, const platform::FileSystem& fs)
   layout->addWidget(bar);
   // Enter presses only the button the form makes the default, never the focused one.
   for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
+  PressOnF1(this, findChild<QPushButton*>("btnHelp"));
   ConnectFields();
   ApplyState();
   // As large as the pages ask (the output page: its longest texts whole), within the screen.

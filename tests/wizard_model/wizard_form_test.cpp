@@ -353,17 +353,22 @@ TEST_F(WizardTest, PassingByAPagesFirstFieldChecksNothingUntilItIsClickedOrTyped
              MsgButtons::YesNoCancel);
 }
 
-TEST_F(WizardTest, HelpShowsThePageTopicBesideTheProgramFolder) {
+TEST_F(WizardTest, HelpShowsTheTopicOfThePageOrDialogBesideTheProgramFolder) {
   WizardForm& form = Start();
   form.Help();
   form.Next();
   form.Help();
+  form.CurrentStep = 6;
+  form.Outputs().AddCustomClicked();  // the dialog in view has its own topic
+  form.Help();
+  form.Outputs().DialogCancel();
   form.CurrentStep = 8;
   form.Help();
   const std::string program = ProgramFolder().string();
   EXPECT_THAT(help_.topics,
               ElementsAre(program + "/../../Help/Bravant.chm::/HTML/Wizard.htm",
-                          program + "/../../Help/Bravant.chm::/HTML/WizardSavingFile.htm"));
+                          program + "/../../Help/Bravant.chm::/HTML/WizardSavingFile.htm",
+                          program + "/../../Help/Bravant.chm::/HTML/WizardOutputs.htm#Custom"));
 }
 
 TEST_F(WizardTest, BrowseButtonsStartWhereTheFieldPointsOrFallBack) {

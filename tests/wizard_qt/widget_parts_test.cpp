@@ -1,5 +1,5 @@
 // The window's parts that stand alone: filter and caption conversion, the progress
-// window, message boxes and help topics.
+// window, message boxes and help references.
 #include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -7,10 +7,8 @@
 #include <algorithm>
 
 #include "platform/chm/chm_archive.h"
-#include "platform/posix/posix_file_system.h"
 #include "vbrt/error.h"
 #include "wizard/file_filter.h"
-#include "wizard/help_window.h"
 #include "wizard/message_box_prompter.h"
 #include "wizard/progress_window.h"
 #include "wizard/qt_text.h"
@@ -105,30 +103,29 @@ class WidgetPartsTest : public QObject {
     }
   }
 
-  void helpReferencesSplitAtTheirMark() {
-    const auto reference = platform::SplitHelpReference("/p/../../Help/B.chm::/HTML/W.htm");
-    QCOMPARE(reference.value().file, std::string("/p/../../Help/B.chm"));
-    QCOMPARE(reference->topic, std::string("/HTML/W.htm"));
-    QCOMPARE(platform::SplitHelpReference("B.chm::HTML/W.htm")->topic, std::string("/HTML/W.htm"));
-    QVERIFY(!platform::SplitHelpReference("B.chm").has_value());
-    QVERIFY(!platform::SplitHelpReference("B.chm::").has_value());
-  }
-
-  void missingOrBrokenHelpFilesShowNothing() {
-    QTemporaryDir dir;
-    const QString notHelp = dir.filePath("Bravant.chm");
-    QFile file(notHelp);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("no compiled help here");
-    file.close();
-    QVERIFY(!platform::ChmArchive::Open(notHelp.toStdString()).has_value());
-
-    platform::PosixFileSystem fs{platform::DriveMap{}};
-    wizard::ChmHelpViewer viewer(fs);
-    viewer.ShowTopic(dir.filePath("Missing.chm::/HTML/Wizard.htm").toStdString());
-    viewer.ShowTopic((notHelp + "::/HTML/Wizard.htm").toStdString());
-    for (QWidget* window : QApplication::topLevelWidgets())
-      QVERIFY(window->objectName() != "HelpWindow");
+  void helpReferencesSplitIntoFileTopicAndAnchor() {
+    struct Case {
+      const char* reference;
+      const char* file;
+      const char* topic;  // nullptr: no reference
+      const char* anchor;
+    };
+    const Case cases[] = {
+        {"/p/../../Help/B.chm::/HTML/W.htm", "/p/../../Help/B.chm", "/HTML/W.htm", ""},
+        {"/p/B.chm::/HTML/WizardOutputs.htm#Custom", "/p/B.chm", "/HTML/WizardOutputs.htm", "Custom"},
+        {"B.chm::HTML/W.htm", "B.chm", "/HTML/W.htm", ""},
+        {"B.chm", nullptr, nullptr, nullptr},
+        {"B.chm::", nullptr, nullptr, nullptr},
+        {"B.chm::#Custom", nullptr, nullptr, nullptr},
+    };
+    for (const Case& c : cases) {
+      const auto reference = platform::SplitHelpReference(c.reference);
+      QCOMPARE(reference.has_value(), c.topic != nullptr);
+      if (!reference) continue;
+      QCOMPARE(reference->file, std::string(c.file));
+      QCOMPARE(reference->topic, std::string(c.topic));
+      QCOMPARE(reference->anchor, std::string(c.anchor));
+    }
   }
 };
 

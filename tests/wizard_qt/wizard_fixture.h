@@ -24,6 +24,7 @@
 #include "platform/regfile/registry_files.h"
 #include "platform/vbfiles/vb_files_environment.h"
 #include "vbrt/error.h"
+#include "wizard/chm_help_viewer.h"
 #include "wizard/generation_runner.h"
 #include "wizard/model/wizard_connection.h"
 #include "wizard/wizard_view.h"
@@ -64,12 +65,19 @@ class RecordingHelp : public platform::HelpViewer {
   void ShowTopic(std::string_view fileAndTopic) override { topics.emplace_back(fileAndTopic); }
 };
 
+// How the fixture's wizard shows help: topics recorded in `help`, or shown in the help
+// window from the help file the build made (found as the installed copy would be).
+enum class Help { Recorded, FromBuiltFile };
+
 class WizardFixture {
  public:
   // Generation is recorded and succeeds or fails as `generationResult` says, or, with
   // `realGeneration`, runs the generator with its progress window.
-  explicit WizardFixture(bool realGeneration = false)
-      : services{fs, registry, prompter, help, Path("program"), Path("user"),
+  explicit WizardFixture(bool realGeneration = false, Help helpShown = Help::Recorded)
+      : services{fs, registry, prompter,
+                  helpShown == Help::Recorded ? static_cast<platform::HelpViewer&>(help)
+                                              : builtHelp,
+                  Path("program"), Path("user"),
                   [this] { return std::make_unique<FakeAnalysis>(openModel); },
                   [this, realGeneration](wizard::WizardForm& form) {
                     if (realGeneration)
@@ -154,6 +162,7 @@ class WizardFixture {
   platform::RegistryFiles registry;
   platform::ScriptedPrompter prompter;
   RecordingHelp help;
+  wizard::ChmHelpViewer builtHelp{fs, {EOW_HELP_DIR}};
   platform::VbFilesEnvironment environment{fs, registry};
   ModelOpener openModel;  // none: every basic model is refused as not found
   std::string refusal;    // see ShowConverterModel

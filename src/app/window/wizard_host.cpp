@@ -23,7 +23,8 @@ WizardHost::WizardHost(const WindowStart& start, platform::Prompter& boxes)
                              : nullptr),
       prompter_(answered_ ? *answered_ : boxes),
       environment_(start.fs, start.registry),
-      help_(start.fs),
+      // Help beside the program as the wizard names it, else the installed copy.
+      help_(start.fs, {platform::InstalledDataFolder() / "Help"}),
       services_{start.fs,
                 start.registry,
                 prompter_,

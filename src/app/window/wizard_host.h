@@ -7,7 +7,7 @@
 #include "app/module_entries.h"
 #include "platform/prompt/console_prompter.h"
 #include "platform/vbfiles/vb_files_environment.h"
-#include "wizard/help_window.h"
+#include "wizard/chm_help_viewer.h"
 #include "wizard/model/wizard_connection.h"
 
 namespace app {

@@ -12,6 +12,10 @@ std::filesystem::path ProgramFolder() {
   return exe.parent_path();
 }
 
+std::filesystem::path InstalledDataFolder() {
+  return ProgramFolder().parent_path() / "share" / "eowizard";
+}
+
 std::filesystem::path UserDataFolder() {
   const char* dataHome = std::getenv("XDG_DATA_HOME");
   if (dataHome && std::filesystem::path(dataHome).is_absolute()) {

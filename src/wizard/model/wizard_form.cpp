@@ -1,6 +1,5 @@
 #include "wizard/model/wizard_form.h"
 
-#include <array>
 #include <utility>
 
 #include "platform/path_parts.h"
@@ -21,19 +20,6 @@ using platform::MsgIcon;
 using namespace resources;  // LoadResString and the string numbers
 
 constexpr int16_t kBasicFilesPage = 4;
-
-// The help file lies two folders above the program folder; the topic is appended to the
-// program folder as it stands.
-constexpr std::array<std::string_view, kPageCount> kHelpTopics = {
-    "/../../Help/Bravant.chm::/HTML/Wizard.htm",
-    "/../../Help/Bravant.chm::/HTML/WizardSavingFile.htm",
-    "/../../Help/Bravant.chm::/HTML/WizardProject.htm",
-    "/../../Help/Bravant.chm::/HTML/WizardProblemProperties.htm",
-    "/../../Help/Bravant.chm::/HTML/WizardBasicFiles.htm",
-    "/../../Help/Bravant.chm::/HTML/WizardInputs.htm",
-    "/../../Help/Bravant.chm::/HTML/WizardOutputs.htm",
-    "/../../Help/Bravant.chm::/HTML/Wizard.htm",
-};
 
 struct Caption {
   const char* control;
@@ -385,13 +371,15 @@ void WizardForm::FocusFirstControl() {
   }
 }
 
-void WizardForm::Help() {
-  if (CurrentStep < 0 || CurrentStep >= kPageCount) return;
-  services_.help.ShowTopic(services_.programFolder + std::string(kHelpTopics[CurrentStep]));
+std::string_view WizardForm::HelpTopic() const {
+  if (outputs_.Dialog().shown) return kCustomOutputHelpTopic;
+  if (CurrentStep < 0 || CurrentStep >= kPageCount) return {};
+  return kPageHelpTopics[CurrentStep];
 }
 
-void WizardForm::ShowHelpTopic(std::string_view topic) {
-  services_.help.ShowTopic(services_.programFolder + std::string(topic));
+void WizardForm::Help() {
+  const std::string_view topic = HelpTopic();
+  if (!topic.empty()) services_.help.ShowTopic(services_.programFolder + std::string(topic));
 }
 
 bool WizardForm::Cancel() {

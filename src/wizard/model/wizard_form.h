@@ -2,6 +2,7 @@
 // The wizard window without its widgets: the state the window shows and the handlers of
 // its buttons and fields. A view (the Qt window, or a test double) shows the state and
 // forwards the user's actions here; the form talks back through WizardView.
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -31,6 +32,19 @@ class Wizard;
 class WizardForm;
 
 inline constexpr int16_t kPageCount = 8;  // pages 0 (introduction) to 7 (finish)
+
+// The help topic of each page, relative to the program folder: the help file lies two
+// folders above it. The finish page shares the introduction's topic.
+inline constexpr std::array<std::string_view, kPageCount> kPageHelpTopics = {
+    "/../../Help/Bravant.chm::/HTML/Wizard.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardSavingFile.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardProject.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardProblemProperties.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardBasicFiles.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardInputs.htm",
+    "/../../Help/Bravant.chm::/HTML/WizardOutputs.htm",
+    "/../../Help/Bravant.chm::/HTML/Wizard.htm",
+};
 
 // What the form asks of the window that shows it. Every call comes from inside one of the
 // form's handlers, on the user-interface thread. The form owns its view and destroys it
@@ -182,9 +196,13 @@ class WizardForm {
   // enabled, as ShowForm does, so that typing goes there.
   void Next();  // ignored while btnNext is disabled
   void Back();  // ignored while btnBack is disabled
+  // Help (the button or F1, on a page or in a dialog): opens HelpTopic() beside the
+  // program folder; nothing without a topic.
   void Help();
-  // Opens `topic`, a help topic relative to the program folder (the dialogs' Help).
-  void ShowHelpTopic(std::string_view topic);
+  // The help topic of what is in view: the custom-output dialog's while it is open,
+  // otherwise the page's (the input dialog shares its page's); "" when CurrentStep is
+  // no page.
+  std::string_view HelpTopic() const;
   // Both return true when the wizard was closed: the form no longer exists then and
   // the caller must not touch it (nor the view it owned) again.
   bool Cancel();

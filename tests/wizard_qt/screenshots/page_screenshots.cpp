@@ -3,8 +3,12 @@
 // converter example's model picture, of what the window tells beside typed text, of the
 // finish page without a project, of message boxes, and of the progress and start-up
 // windows into the build folder, for a person to look at.
+// The help window is saved as the dialogs open it. The pages and dialogs are also saved
+// reduced into screenshots/help: the help topics show copies of those (help/HTML/images).
 #include <QComboBox>
 #include <QDir>
+#include <QSettings>
+#include <QStandardPaths>
 #include <QtTest>
 
 #include "../wizard_fixture.h"
@@ -23,20 +27,25 @@ class PageScreenshots : public QObject {
   Q_OBJECT
 
  private slots:
-  void initTestCase() { QVERIFY(QDir().mkpath(EOW_SCREENSHOT_DIR)); }
+  void initTestCase() {
+    // The help window opens at its first size, and keeps its size out of ~/.config.
+    QStandardPaths::setTestModeEnabled(true);
+    QSettings("eowizard", "eowizard").clear();
+    QVERIFY(QDir().mkpath(EOW_SCREENSHOT_DIR "/help"));
+  }
 
   void everyPageWithItsEditorsAndDialogs() {
     WizardFixture ui;
     ui.Connect();
     ui.Click("btnNext");
     ui.prompter.Answer(platform::MsgAnswer::Yes);
-    ui.TypeAndLeave("edFile", EOW_EXAMPLES_DIR "/heater/Heater.bvg");
+    ui.TypeAndLeave("edFile", "examples/heater/Heater.bvg");  // beside the working folder
     ui.Click("btnBack");
     for (int page = 0; page < wizard::kPageCount; ++page) {
       QCOMPARE(ui.Page(), page);
-      Save(ui.window, QString("page%1.png").arg(page));
+      Save(ui.window, QString("page%1.png").arg(page), kForHelp);
       if (page == 5) SaveInputEditors(ui);
-      if (page == 6) SaveDialog(ui, "btnOutputCustom", "dlgOutput.png");
+      if (page == 6) SaveDialog(ui, "btnOutputCustom", "dlgOutput.png", kForHelp);
       ui.Click("btnNext");
     }
   }
@@ -135,6 +144,34 @@ class PageScreenshots : public QObject {
     QVERIFY(*ran);
   }
 
+  void helpWindowOpenedFromTheDialogs() {
+    WizardFixture ui(false, wizard_test::Help::FromBuiltFile);
+    ui.Connect();
+    const struct {
+      int page;
+      const char* opens;
+      Qt::Key key;  // F1, or none for the Help button
+      const char* name;
+    } dialogs[] = {{5, "btnInputAdd", Qt::Key_unknown, "help-input-dialog.png"},
+                   {6, "btnOutputCustom", Qt::Key_F1, "help-custom-output.png"}};
+    for (const auto& d : dialogs) {
+      ui.GoToPage(d.page);
+      auto ran = OnNextDialog([&](QDialog& dialog) {
+        dialog.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        if (d.key == Qt::Key_F1) {
+          QTest::keyClick(&dialog, Qt::Key_F1);
+        } else {
+          QTest::mouseClick(dialog.findChild<QPushButton*>("btnHelp"), Qt::LeftButton);
+        }
+        QVERIFY(ui.builtHelp.Window() != nullptr);
+        Save(ui.builtHelp.Window(), d.name);
+      });
+      ui.Click(d.opens);
+      QVERIFY(*ran);
+    }
+  }
+
   void progressAndLaunchWindows() {
     wizard::ProgressWindow progress;
     progress.Load("Generating ExploringObject project");
@@ -150,14 +187,23 @@ class PageScreenshots : public QObject {
   }
 
  private:
-  static void Save(QWidget* window, const QString& name) {
+  static constexpr bool kForHelp = true;
+  static constexpr double kHelpScale = 0.6;
+
+  static void Save(QWidget* window, const QString& name, bool forHelp = false) {
     QVERIFY(QTest::qWaitForWindowExposed(window));
     QTest::qWait(20);  // the lists lay out their rows and scroll bars a moment later
-    QVERIFY(window->grab().save(QDir(EOW_SCREENSHOT_DIR).filePath(name)));
+    const QPixmap picture = window->grab();
+    QVERIFY(picture.save(QDir(EOW_SCREENSHOT_DIR).filePath(name)));
+    if (forHelp) {
+      QVERIFY(picture.scaledToWidth(qRound(picture.width() * kHelpScale), Qt::SmoothTransformation)
+                  .save(QDir(EOW_SCREENSHOT_DIR "/help").filePath(name)));
+    }
   }
 
-  static void SaveDialog(WizardFixture& ui, const char* button, const QString& name) {
-    auto ran = OnNextDialog([name](QDialog& dialog) { Save(&dialog, name); });
+  static void SaveDialog(WizardFixture& ui, const char* button, const QString& name,
+                         bool forHelp = false) {
+    auto ran = OnNextDialog([=](QDialog& dialog) { Save(&dialog, name, forHelp); });
     ui.Click(button);
     QVERIFY(*ran);
   }
@@ -170,7 +216,7 @@ class PageScreenshots : public QObject {
     ClickCell(*list, 2, 0);
     Save(ui.window, "page5-text-editor.png");
     QTest::keyClick(ui.Control<QLineEdit>("lvEdit"), Qt::Key_Escape);
-    SaveDialog(ui, "btnInputEdit", "dlgInput.png");
+    SaveDialog(ui, "btnInputEdit", "dlgInput.png", kForHelp);
   }
 };
 

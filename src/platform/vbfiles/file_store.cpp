@@ -14,7 +14,6 @@
 #include <fstream>
 #include <optional>
 
-#include "platform/merge/text_merge.h"
 #include "platform/vbfiles/project_files.h"
 #include "vbrt/codepage.h"
 #include "vbrt/error.h"
@@ -70,19 +69,19 @@ std::optional<std::string> WithCrLf(std::string_view text) {
   return fixed;
 }
 
-merge::MergeLabels LabelsFor(const fs::path& file) {
+MergeLabels LabelsFor(const fs::path& file) {
   const std::string name = vbrt::ToAnsi(file.filename().string());
   return {name + " as you changed it", name + " as generated before", name + " as generated now"};
 }
 
 // The user's text `yours` of `file` merged with the change from `previous` to `current`.
 // A generation that changed nothing leaves the user's text as it is (as a merge would).
-merge::MergedText Merged(const fs::path& file, const std::string& previous,
-                         const std::string& yours, const std::string& current) {
+MergedText Merged(TextMerger& merger, const fs::path& file, const std::string& previous,
+                  const std::string& yours, const std::string& current) {
   const std::optional<std::string> fixed = WithCrLf(yours);
   const std::string_view edited = fixed ? *fixed : yours;
   if (current == previous) return {std::string(edited), {}};
-  return merge::MergeLines(previous, edited, current, LabelsFor(file));
+  return merger.MergeLines(previous, edited, current, LabelsFor(file));
 }
 
 // What Complete has written so far, and how to put it back.
@@ -141,7 +140,8 @@ fs::path PristineCopyOf(const fs::path& file) {
   return file.parent_path() / kPristineFolder / file.filename();
 }
 
-FileStore::FileStore(FileSystem& fs, Saving saving) : fs_(fs), saving_(saving) {}
+FileStore::FileStore(FileSystem& fs, TextMergerSource merger, Saving saving)
+    : fs_(fs), mergerSource_(std::move(merger)), saving_(saving) {}
 
 FileStore::Planned* FileStore::Find(const fs::path& file) {
   const auto it = std::find_if(plans_.begin(), plans_.end(),
@@ -171,6 +171,8 @@ FileHistory FileStore::History(std::string_view path) const {
 }
 
 void FileStore::Plan(std::string_view path, SaveChoice choice) {
+  // Before anything is written, so that a merger that cannot be had stops the run cleanly.
+  if (choice == SaveChoice::Merge && merger_ == nullptr) merger_ = &mergerSource_();
   const fs::path file = fs_.ToNative(path);
   if (Planned* plan = Find(file)) {
     plan->choice = choice;
@@ -193,7 +195,7 @@ void FileStore::Complete() {
       if (plan.choice == SaveChoice::Merge) {
         std::string yours = Read(plan.file);
         copies[i] = Read(PristineCopyOf(plan.file));
-        merge::MergedText merged = Merged(plan.file, *copies[i], yours, plan.generated);
+        MergedText merged = Merged(*merger_, plan.file, *copies[i], yours, plan.generated);
         file.conflicts = std::move(merged.conflicts);
         if (DryRun()) {
           file.before = std::move(yours);

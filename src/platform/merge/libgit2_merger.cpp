@@ -1,4 +1,4 @@
-#include "platform/merge/text_merge.h"
+#include "platform/merge/libgit2_merger.h"
 
 #include <git2.h>
 
@@ -10,12 +10,6 @@ namespace platform::merge {
 namespace {
 
 constexpr int kLibraryError = 51;  // "Internal error"
-
-// libgit2 keeps process-wide state (its allocator among it) that must be set up once.
-void EnsureLibrary() {
-  static const int initialised = git_libgit2_init();
-  (void)initialised;
-}
 
 [[noreturn]] void Fail(std::string_view what) {
   const git_error* error = git_error_last();
@@ -103,11 +97,20 @@ struct DiffPrinter {
   }
 };
 
-}  // namespace
+class Libgit2TextMerger : public TextMerger {
+ public:
+  // libgit2 keeps process-wide state (its allocator among it) that must be set up once.
+  Libgit2TextMerger() { git_libgit2_init(); }
 
-MergedText MergeLines(std::string_view previous, std::string_view yours,
-                      std::string_view current, const MergeLabels& labels) {
-  EnsureLibrary();
+  MergedText MergeLines(std::string_view previous, std::string_view yours,
+                        std::string_view current, const MergeLabels& labels) override;
+  std::string UnifiedDiff(std::string_view before, std::string_view after,
+                          std::string_view beforeLabel, std::string_view afterLabel,
+                          bool colour) override;
+};
+
+MergedText Libgit2TextMerger::MergeLines(std::string_view previous, std::string_view yours,
+                                         std::string_view current, const MergeLabels& labels) {
   const git_merge_file_input ancestor = Input(previous);
   const git_merge_file_input ours = Input(yours);
   const git_merge_file_input theirs = Input(current);
@@ -125,10 +128,10 @@ MergedText MergeLines(std::string_view previous, std::string_view yours,
   return merged;
 }
 
-std::string UnifiedDiff(std::string_view before, std::string_view after,
-                        std::string_view beforeLabel, std::string_view afterLabel, bool colour) {
+std::string Libgit2TextMerger::UnifiedDiff(std::string_view before, std::string_view after,
+                                           std::string_view beforeLabel,
+                                           std::string_view afterLabel, bool colour) {
   if (before == after) return "";
-  EnsureLibrary();
   git_diff_options options = GIT_DIFF_OPTIONS_INIT;
   options.flags = GIT_DIFF_FORCE_TEXT;
   git_patch* patch = nullptr;
@@ -144,6 +147,13 @@ std::string UnifiedDiff(std::string_view before, std::string_view after,
   printer.out += '\n';
   if (git_patch_print(patch, &DiffPrinter::Line, &printer) < 0) Fail("Comparing failed");
   return printer.out;
+}
+
+}  // namespace
+
+TextMerger& Libgit2Merger() {
+  static Libgit2TextMerger merger;
+  return merger;
 }
 
 }  // namespace platform::merge

@@ -3,6 +3,7 @@
 // changes and for showing what a generation would change. Texts are bytes: each line keeps
 // its own line end (a CR before the LF stays part of the line).
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,8 +19,11 @@ struct MergeLabels {
   std::string current;   // after ">>>>>>>" (the lines before it, after "=======")
 };
 
+// A merged text, left where the merger made it (the texts are megabytes): `text` stays
+// valid as long as `bytes` lives.
 struct MergedText {
-  std::string text;
+  std::string_view text;
+  std::shared_ptr<const void> bytes;
   std::vector<MergeConflict> conflicts;  // in the order they stand in `text`
 };
 

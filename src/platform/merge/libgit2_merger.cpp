@@ -17,6 +17,14 @@ constexpr int kLibraryError = 51;  // "Internal error"
                                          (error && error->message ? error->message : "unknown error"));
 }
 
+// libgit2's result of a merge, freed with it.
+struct MergeResult : git_merge_file_result {
+  MergeResult() : git_merge_file_result{} {}
+  MergeResult(const MergeResult&) = delete;
+  MergeResult& operator=(const MergeResult&) = delete;
+  ~MergeResult() { git_merge_file_result_free(this); }
+};
+
 git_merge_file_input Input(std::string_view text) {
   git_merge_file_input input = GIT_MERGE_FILE_INPUT_INIT;
   input.ptr = text.data();
@@ -119,12 +127,15 @@ MergedText Libgit2TextMerger::MergeLines(std::string_view previous, std::string_
   options.ancestor_label = labels.previous.c_str();
   options.our_label = labels.yours.c_str();
   options.their_label = labels.current.c_str();
-  git_merge_file_result result{};
-  if (git_merge_file(&result, &ancestor, &ours, &theirs, &options) < 0) Fail("Merging failed");
-  const std::unique_ptr<git_merge_file_result, void (*)(git_merge_file_result*)> owner(
-      &result, git_merge_file_result_free);
-  MergedText merged{std::string(result.ptr, result.len), {}};
-  if (!result.automergeable) merged.conflicts = FindConflicts(merged.text, labels);
+  auto result = std::make_shared<MergeResult>();
+  if (git_merge_file(result.get(), &ancestor, &ours, &theirs, &options) < 0) {
+    // libgit2 has freed what it had made, without forgetting it.
+    static_cast<git_merge_file_result&>(*result) = {};
+    Fail("Merging failed");
+  }
+  // The merged text stays in libgit2's buffer: a copy would cost as much as a file's read.
+  MergedText merged{{result->ptr, result->len}, result, {}};
+  if (!result->automergeable) merged.conflicts = FindConflicts(merged.text, labels);
   return merged;
 }
 

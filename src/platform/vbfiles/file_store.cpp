@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <memory>
 #include <optional>
 
 #include "platform/vbfiles/project_files.h"
@@ -54,18 +55,18 @@ std::string Join(std::span<const std::string_view> parts) {
 
 // The project files end every line with CR LF; a line an editor ended with a bare LF is
 // taken as ended with CR LF, so that the merge compares the lines and not their ends.
-// nullopt when every line has its CR.
+// nullopt when every line has its CR (the line ends are found with memchr: the texts are
+// megabytes).
 std::optional<std::string> WithCrLf(std::string_view text) {
-  const auto bare = [&](std::size_t i) { return text[i] == '\n' && (i == 0 || text[i - 1] != '\r'); };
-  std::size_t count = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) count += bare(i) ? 1 : 0;
-  if (count == 0) return std::nullopt;
-  std::string fixed;
-  fixed.reserve(text.size() + count);
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (bare(i)) fixed += '\r';
-    fixed += text[i];
+  std::optional<std::string> fixed;
+  std::size_t copied = 0;  // text up to here is in `fixed`
+  for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1)) {
+    if (at > 0 && text[at - 1] == '\r') continue;
+    if (!fixed) fixed.emplace().reserve(text.size() + 1);
+    fixed->append(text.substr(copied, at - copied)).push_back('\r');
+    copied = at;
   }
+  if (fixed) fixed->append(text.substr(copied));
   return fixed;
 }
 
@@ -74,13 +75,20 @@ MergeLabels LabelsFor(const fs::path& file) {
   return {name + " as you changed it", name + " as generated before", name + " as generated now"};
 }
 
+MergedText Kept(std::string text) {
+  auto bytes = std::make_shared<const std::string>(std::move(text));
+  return {*bytes, bytes, {}};
+}
+
 // The user's text `yours` of `file` merged with the change from `previous` to `current`.
-// A generation that changed nothing leaves the user's text as it is (as a merge would).
+// Where one side left the text as it was, the result is the other side, as a merge's
+// would be, without merging.
 MergedText Merged(TextMerger& merger, const fs::path& file, const std::string& previous,
                   const std::string& yours, const std::string& current) {
-  const std::optional<std::string> fixed = WithCrLf(yours);
-  const std::string_view edited = fixed ? *fixed : yours;
-  if (current == previous) return {std::string(edited), {}};
+  std::optional<std::string> fixed = WithCrLf(yours);
+  const std::string_view edited = fixed ? std::string_view(*fixed) : yours;
+  if (current == previous) return Kept(fixed ? std::move(*fixed) : yours);
+  if (edited == previous) return Kept(current);
   return merger.MergeLines(previous, edited, current, LabelsFor(file));
 }
 
@@ -190,7 +198,7 @@ void FileStore::Complete() {
   Journal journal;
   try {
     for (std::size_t i = 0; i < plans.size(); ++i) {
-      const Planned& plan = plans[i];
+      Planned& plan = plans[i];
       SavedFile& file = saved.emplace_back(SavedFile{plan.path, plan.choice});
       if (plan.choice == SaveChoice::Merge) {
         std::string yours = Read(plan.file);
@@ -199,13 +207,13 @@ void FileStore::Complete() {
         file.conflicts = std::move(merged.conflicts);
         if (DryRun()) {
           file.before = std::move(yours);
-          file.after = std::move(merged.text);
+          file.after = merged.text;
         } else if (merged.text != yours) {
           journal.Write(plan.file, merged.text, std::move(yours));
         }
       } else if (DryRun()) {
         file.before = ReadIfExists(plan.file).value_or("");
-        file.after = plan.generated;
+        file.after = std::move(plan.generated);  // a dry run keeps no pristine copy
       }
     }
     if (!DryRun()) {

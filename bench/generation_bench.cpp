@@ -13,6 +13,7 @@
 #include "bench_files.h"
 #include "generator/generator.h"
 #include "hardening/generation_rig.h"
+#include "platform/merge/libgit2_merger.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/prompt/scripted_prompter.h"
 #include "platform/vbfiles/vb_files_environment.h"
@@ -41,7 +42,7 @@ std::size_t GenerateInto(const fs::path& folder, const session::FormState& recor
   form.theLocation = folder.string();
   platform::PosixFileSystem files{platform::DriveMap{}};
   hardening::HostRegistry registry;
-  platform::VbFilesEnvironment environment(files, registry);
+  platform::VbFilesEnvironment environment(files, registry, platform::merge::Libgit2Merger);
   platform::ScriptedPrompter prompter;
   for (const platform::MsgAnswer answer : answers) prompter.Answer(answer);
   hardening::QuietProgress progress;

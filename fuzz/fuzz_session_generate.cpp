@@ -12,6 +12,7 @@
 #include "hardening/generation_rig.h"
 #include "jail_file_system.h"
 #include "platform/prompt/scripted_prompter.h"
+#include "platform/merge/libgit2_merger.h"
 #include "platform/vbfiles/vb_files_environment.h"
 #include "session/session_file.h"
 #include "wizard/model/page_checks.h"
@@ -52,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 
   // The questions about existing files and folders are answered Yes.
   for (int i = 0; i < 4; ++i) prompter.Answer(platform::MsgAnswer::Yes);
-  platform::VbFilesEnvironment environment(files, registry);
+  platform::VbFilesEnvironment environment(files, registry, platform::merge::Libgit2Merger);
   hardening::QuietProgress progress;
   generator::Generator generator(environment, &application, files, registry, prompter, progress);
   const bool generated = generator.Generate(form);

@@ -6,6 +6,7 @@
 
 #include "app/services.h"
 #include "platform/analysis_application.h"
+#include "platform/text_merger.h"
 
 namespace app {
 
@@ -18,6 +19,13 @@ void AddGenerateCommand(CLI::App& cli, int& exitCode);
 // nullptr when it cannot be launched, after saying why on standard error. `need` names
 // what needs it, for that message ("Converting the basic model into code").
 std::unique_ptr<platform::AnalysisApplication> CreateAnalysisApplication(std::string_view need);
+
+// The text merger of the merge module, the module loaded on the first call. Throws
+// ModuleError when it cannot be loaded; `need` names what needs it, for that message
+// ("Showing the differences (--diff)").
+platform::TextMerger& ModuleTextMerger(std::string_view need);
+// ModuleTextMerger for a generation that merges the user's changes: its TextMergerSource.
+platform::TextMerger& GenerationMerger();
 
 // eowizard without a command: the wizard window, the add-in's host. The shared options
 // make the services as for the commands (a wrong one ends the run with exit code 2

@@ -12,12 +12,12 @@
 #include <CLI/CLI.hpp>
 
 #include "app/commands.h"
+#include "app/module_loader.h"
 #include "app/services.h"
 #include "app/terminal_progress.h"
 #include "generator/generator.h"
 #include "generator/merge_report.h"
 #include "platform/dry_run_file_system.h"
-#include "platform/merge/text_merge.h"
 #include "platform/path_parts.h"
 #include "platform/vbfiles/vb_files_environment.h"
 #include "session/session_file.h"
@@ -82,9 +82,18 @@ std::string Displayed(std::string_view bytes) {
   return vbrt::FromAnsi(text);
 }
 
+// With `diff`, the merge module is loaded first: a run that cannot show the diffs
+// shows nothing but why.
 int ReportDryRun(const platform::FileSystem& fs, const platform::DryRunFileSystem& dry,
                  const std::vector<std::string>& written, const std::vector<SavedFile>& saved,
                  bool diff) {
+  platform::TextMerger* merger = nullptr;
+  try {
+    if (diff) merger = &ModuleTextMerger("Showing the differences (--diff)");
+  } catch (const ModuleError& e) {
+    std::cerr << "eowizard: " << e.what() << "\n";
+    return 1;
+  }
   std::cout << "Dry run, nothing was written. The generation would leave:\n";
   for (const std::string& folder : dry.CreatedFolders()) {
     std::cout << "  " << fs.ToNative(folder).string() << ": folder created\n";
@@ -92,15 +101,15 @@ int ReportDryRun(const platform::FileSystem& fs, const platform::DryRunFileSyste
   for (const std::string& path : written) {
     std::cout << "  " << fs.ToNative(path).string() << ": " << Outcome(SavedAs(saved, path)) << "\n";
   }
-  if (diff) {
+  if (merger != nullptr) {
     const bool colour = ::isatty(STDOUT_FILENO) == 1;
     for (const std::string& path : written) {
       const SavedFile* file = SavedAs(saved, path);
       if (file == nullptr) continue;
       const std::string name = fs.ToNative(path).string();
-      std::cout << platform::merge::UnifiedDiff(Displayed(file->before), Displayed(file->after),
-                                                name + " (on disk)",
-                                                name + " (after the generation)", colour);
+      std::cout << merger->UnifiedDiff(Displayed(file->before), Displayed(file->after),
+                                       name + " (on disk)", name + " (after the generation)",
+                                       colour);
     }
   }
   return HasConflicts(saved) ? kConflicts : 0;
@@ -166,7 +175,7 @@ int RunGenerate(const GenerateOptions& options) {
   }
 
   platform::VbFilesEnvironment environment(
-      fs, services.registry,
+      fs, services.registry, GenerationMerger,
       options.dryRun ? platform::vbfiles::Saving::DryRun : platform::vbfiles::Saving::ToDisk);
   TerminalProgress progress(std::cerr, ::isatty(STDERR_FILENO) == 1);
   generator::Generator generator(environment, application.get(), fs, services.registry,

@@ -12,6 +12,7 @@
 #include "platform/file_system.h"
 #include "platform/prompter.h"
 #include "platform/registry.h"
+#include "platform/text_merger.h"
 
 namespace app {
 
@@ -21,6 +22,12 @@ inline constexpr const char* kAnalysisModule = "eowizard-gmsh.so";
 // Throws vbrt::VbError when it cannot be started.
 inline constexpr const char* kAnalysisEntry = "eowizard_create_analysis_application";
 using AnalysisEntry = platform::AnalysisApplication* (*)();
+
+// eowizard-merge.so: three-way merge and diff of texts (libgit2).
+inline constexpr const char* kMergeModule = "eowizard-merge.so";
+// The module's merger, which lives until the program ends.
+inline constexpr const char* kMergeEntry = "eowizard_text_merger";
+using MergeEntry = platform::TextMerger* (*)();
 
 // eowizard-window.so: the wizard window (Qt).
 inline constexpr const char* kWindowModule = "eowizard-window.so";
@@ -39,6 +46,9 @@ struct WindowStart {
   // Loads the analysis module and starts the application; nullptr after telling why it
   // could not.
   std::function<std::unique_ptr<platform::AnalysisApplication>()> createAnalysis;
+  // Loads the merge module the first time a generation merges the user's changes; throws
+  // ModuleError (a std::runtime_error) when it cannot.
+  platform::TextMergerSource merger;
 };
 // Opens the wizard window and runs it until the wizard closes; returns the program's exit
 // code (1 when the window cannot open or the wizard could not start).

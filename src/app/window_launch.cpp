@@ -35,7 +35,8 @@ int RunWizardWindow(int& argc, char** argv, const std::string& sessionFile,
     return 1;
   }
   return run({argc, argv, sessionFile, services->fs, services->registry, services->answer,
-              [] { return CreateAnalysisApplication("The wizard's start-up"); }});
+              [] { return CreateAnalysisApplication("The wizard's start-up"); },
+              GenerationMerger});
 }
 
 }  // namespace app

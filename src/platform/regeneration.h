@@ -49,7 +49,8 @@ class Regeneration {
   virtual FileHistory History(std::string_view path) const = 0;
   // Says how the coming saves of `path` are meant; called once for each file of a run,
   // before its first save. The saves of a file to merge leave it untouched: Complete
-  // merges and writes it.
+  // merges and writes it. Throws std::runtime_error with a text for the user when a merge
+  // cannot be made here (its library cannot be loaded); nothing was written then.
   virtual void Plan(std::string_view path, SaveChoice choice) = 0;
   // Ends a run whose saves all succeeded: merges and writes the files planned for
   // merging and keeps a pristine copy of what was generated for each planned file.

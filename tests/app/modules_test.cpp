@@ -1,5 +1,5 @@
-// Gmsh and Qt are loaded only by what needs them, a module that cannot be loaded is
-// named, and the window takes the shared options. The loaded objects are the dynamic
+// Gmsh, Qt and libgit2 are loaded only by what needs them, a module that cannot be loaded
+// is named, and the window takes the shared options. The loaded objects are the dynamic
 // loader's own record (LD_DEBUG=files).
 #include <filesystem>
 #include <sstream>
@@ -31,19 +31,33 @@ class ModulesTest : public ProgramTest {
 TEST_F(ModulesTest, OnlyWhatNeedsAModuleLoadsIt) {
   const std::string none = "EOWIZARD_MODULE_DIR='" + Path("none") + "'";
   const std::string root = "cd .. &&";  // the example sessions name their files from there
-  const std::string registry = " --registry examples/registry/demo-host.reg --answer yes";
+  const std::string actuator = "generate examples/actuator/Actuator.bvg --project '" +
+                               Path("a/Actuator.vbp") +
+                               "' --registry examples/registry/demo-host.reg --answer ";
+  // The engineer adds a line to the generated module.
+  const auto edit = [&](const std::string& line) {
+    return root + " printf \"' " + line + "\\r\\n\" >>'" + Path("a/Actuator.bas") + "' &&";
+  };
   struct Row {
     std::string environment;
     std::string arguments;
     int exitCode;
     bool gmsh;
-    std::string message;  // in the standard error
+    std::string message;  // in the standard output or error
+    bool merge = false;
   } rows[] = {
       {"", "session show --drive C=coil/drive_c coil/Coil.bvg", 0, false, ""},
       {"", "session check --drive C=coil/drive_c coil/Coil.bvg", 0, false, ""},
       {"", "session rewrite coil/Coil.bvg '" + Path("copy.bvg") + "'", 0, false, ""},
-      {root, "generate examples/actuator/Actuator.bvg --project '" + Path("a/Actuator.vbp") +
-                 "'" + registry, 0, false, ""},
+      {root, actuator + "yes", 0, false, ""},
+      {root, actuator + "merge", 0, false, ""},  // nothing was edited: nothing to merge
+      {edit("mine"), actuator + "merge", 0, false, "(merged with your changes)", true},
+      {edit("more") + " " + none, actuator + "merge", 1, false,
+       "Error: Preparing the files of project 'Actuator' failed: Merging your changes into the "
+       "new code needs the module eowizard-merge.so, which cannot be loaded: " +
+           Path("none") + "/eowizard-merge.so: cannot open shared object file"},
+      {root + " " + none, actuator + "yes --dry-run --diff", 1, false,
+       "eowizard: Showing the differences (--diff) needs the module eowizard-merge.so"},
       {"", "model show converter/Converter.geo", 0, true, ""},
       {"env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM",
        "--session coil/Coil.bvg --drive C=coil/drive_c --registry registry/demo-host.reg "
@@ -53,7 +67,8 @@ TEST_F(ModulesTest, OnlyWhatNeedsAModuleLoadsIt) {
        "eowizard: Showing a basic model needs the module eowizard-gmsh.so, which cannot be "
        "loaded: " + Path("none") + "/eowizard-gmsh.so: cannot open shared object file"},
       {root + " " + none, "generate examples/converter/Converter.bvg --project '" +
-                              Path("c/Converter.vbp") + "'" + registry,
+                              Path("c/Converter.vbp") +
+                              "' --registry examples/registry/demo-host.reg --answer yes",
        1, false, "Converting the basic model into code needs the module eowizard-gmsh.so"},
       {"QT_QPA_PLATFORM=offscreen " + none, "", 1, false,
        "The wizard window needs the module eowizard-window.so, which cannot be loaded"},
@@ -66,17 +81,24 @@ TEST_F(ModulesTest, OnlyWhatNeedsAModuleLoadsIt) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.environment + " eowizard " + row.arguments);
     const std::string log = "ld" + std::to_string(++run);
-    EXPECT_EQ(Run(row.arguments,
-                  "LD_DEBUG=files LD_DEBUG_OUTPUT='" + Path(log) + "' " + row.environment),
+    EXPECT_EQ(Run(row.arguments, row.environment + " LD_DEBUG=files LD_DEBUG_OUTPUT='" +
+                                     Path(log) + "'"),
               row.exitCode)
-        << err_;
-    EXPECT_NE(err_.find(row.message), std::string::npos) << err_;
+        << out_ << err_;
+    EXPECT_NE((out_ + err_).find(row.message), std::string::npos) << out_ << err_;
     const std::string loaded = Loaded(log);
+    EXPECT_NE(loaded.find("libc.so"), std::string::npos);  // the record was kept
     EXPECT_EQ(loaded.find("eowizard-gmsh.so") != std::string::npos, row.gmsh);
     EXPECT_EQ(loaded.find("libgmsh") != std::string::npos, row.gmsh);
+    EXPECT_EQ(loaded.find("eowizard-merge.so") != std::string::npos, row.merge);
+    EXPECT_EQ(loaded.find("libgit2") != std::string::npos, row.merge);
     EXPECT_EQ(loaded.find("libQt6"), std::string::npos);
   }
   EXPECT_FALSE(std::filesystem::exists(Path("c/Converter.vbp")));
+  // The merge that could not be made left the engineer's module and the pristine copies
+  // as they were.
+  EXPECT_TRUE(ReadBytes(Path("a/Actuator.bas")).ends_with("' mine\r\n' more\r\n"));
+  EXPECT_EQ(ReadBytes(Path("a/.eowizard/Actuator.bas")).find("' mine"), std::string::npos);
 }
 
 }  // namespace

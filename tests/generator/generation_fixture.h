@@ -10,6 +10,7 @@
 #include "../platform/scratch_folder.h"
 #include "generation_doubles.h"
 #include "generator/generator.h"
+#include "platform/merge/libgit2_merger.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/prompt/scripted_prompter.h"
 #include "platform/vbfiles/vb_files_environment.h"
@@ -46,7 +47,7 @@ class GenerationTest : public ::testing::Test {
   ScratchFolder scratch_;
   HostRegistry registry_;
   platform::PosixFileSystem files_{DriveC(scratch_.Path())};
-  platform::VbFilesEnvironment environment_{files_, registry_};
+  platform::VbFilesEnvironment environment_{files_, registry_, platform::merge::Libgit2Merger};
   platform::ScriptedPrompter prompter_;
   QuietProgress progress_;
   std::vector<std::string> written_;

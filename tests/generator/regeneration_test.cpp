@@ -128,7 +128,8 @@ class RegenerationTest : public GenerationTest, public ::testing::WithParamInter
       return done;
     }
     platform::DryRunFileSystem dry(files_);
-    platform::VbFilesEnvironment environment(dry, registry_, platform::vbfiles::Saving::DryRun);
+    platform::VbFilesEnvironment environment(dry, registry_, platform::merge::Libgit2Merger,
+                                             platform::vbfiles::Saving::DryRun);
     Generator generator(environment, nullptr, dry, registry_, prompter_, progress_);
     const bool done = generator.Generate(form_);
     saved = environment.GetRegeneration()->Saved();

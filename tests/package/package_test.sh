@@ -19,6 +19,7 @@ deb=$scratch/eowizard_${version}_amd64.deb
 dpkg-deb -c "$deb" > "$scratch/contents"
 for file in \
     ./usr/bin/eowizard \
+    ./usr/libexec/eowizard/eowizard-merge.so \
     ./usr/share/applications/eowizard.desktop \
     ./usr/share/icons/hicolor/scalable/apps/eowizard.svg \
     ./usr/share/eowizard/Help/Bravant.chm \
@@ -30,6 +31,7 @@ for file in \
 done
 # The libraries it needs, as dpkg-shlibdeps found them.
 dpkg-deb -f "$deb" Depends | grep -q 'libqt6widgets6' || fail "no dependency on Qt Widgets"
+dpkg-deb -f "$deb" Depends | grep -q 'libgit2' || fail "no dependency on libgit2"
 
 lintian --fail-on error "$deb" > "$scratch/lintian.log" 2>&1 ||
   { cat "$scratch/lintian.log"; fail "lintian reports errors"; }

@@ -9,6 +9,7 @@
 
 #include "../platform/scratch_folder.h"
 #include "../vbrt/raises.h"
+#include "platform/merge/libgit2_merger.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/vbfiles/code_lines.h"
 
@@ -92,7 +93,7 @@ class VbFilesEnvironmentTest : public ::testing::Test {
   ScratchFolder scratch_;
   NoRegistry registry_;
   PosixFileSystem files_{DriveC(scratch_.Path())};
-  VbFilesEnvironment environment_{files_, registry_};
+  VbFilesEnvironment environment_{files_, registry_, merge::Libgit2Merger};
 };
 
 TEST_F(VbFilesEnvironmentTest, ModuleFileIsInTheAnsiCodePage) {

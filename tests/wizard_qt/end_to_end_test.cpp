@@ -211,7 +211,7 @@ class EndToEndTest : public QObject {
     vbrt::FileTable files;
     std::string message;
     QVERIFY2(session::LoadSession(form, {files, ui.fs}, path, message), message.c_str());
-    platform::VbFilesEnvironment environment(ui.fs, ui.registry);
+    platform::VbFilesEnvironment environment(ui.fs, ui.registry, platform::merge::Libgit2Merger);
     wizard::ProgressWindow progress;
     generator::Generator generator(environment, nullptr, ui.fs, ui.registry, prompter, progress);
     QVERIFY(generator.Generate(form));

@@ -22,6 +22,7 @@
 #include "platform/posix/posix_file_system.h"
 #include "platform/prompt/scripted_prompter.h"
 #include "platform/regfile/registry_files.h"
+#include "platform/merge/libgit2_merger.h"
 #include "platform/vbfiles/vb_files_environment.h"
 #include "vbrt/error.h"
 #include "wizard/chm_help_viewer.h"
@@ -163,7 +164,7 @@ class WizardFixture {
   platform::ScriptedPrompter prompter;
   RecordingHelp help;
   wizard::ChmHelpViewer builtHelp{fs, {EOW_HELP_DIR}};
-  platform::VbFilesEnvironment environment{fs, registry};
+  platform::VbFilesEnvironment environment{fs, registry, platform::merge::Libgit2Merger};
   ModelOpener openModel;  // none: every basic model is refused as not found
   std::string refusal;    // see ShowConverterModel
   bool generationResult = true;

@@ -189,7 +189,8 @@ class WizardWindowTest : public QObject {
                                    [] {
                                      static const wizard_test::ModelOpener kNoModels;
                                      return std::make_unique<wizard_test::FakeAnalysis>(kNoModels);
-                                   }};
+                                   },
+                                   platform::merge::Libgit2Merger};
       platform::ScriptedPrompter boxes;
       app::WizardHost host(start, boxes);
       QVERIFY(host.Connect());

@@ -22,7 +22,7 @@ WizardHost::WizardHost(const WindowStart& start, platform::Prompter& boxes)
       answered_(start.answer ? std::make_unique<AnsweredQuestions>(boxes, *start.answer)
                              : nullptr),
       prompter_(answered_ ? *answered_ : boxes),
-      environment_(start.fs, start.registry),
+      environment_(start.fs, start.registry, start.merger),
       // Help beside the program as the wizard names it, else the installed copy.
       help_(start.fs, {platform::InstalledDataFolder() / "Help"}),
       services_{start.fs,

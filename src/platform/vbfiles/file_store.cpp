@@ -12,9 +12,9 @@
 
 #include <algorithm>
 #include <fstream>
+#include <memory>
 #include <optional>
 
-#include "platform/merge/text_merge.h"
 #include "platform/vbfiles/project_files.h"
 #include "vbrt/codepage.h"
 #include "vbrt/error.h"
@@ -55,34 +55,41 @@ std::string Join(std::span<const std::string_view> parts) {
 
 // The project files end every line with CR LF; a line an editor ended with a bare LF is
 // taken as ended with CR LF, so that the merge compares the lines and not their ends.
-// nullopt when every line has its CR.
+// nullopt when every line has its CR (the line ends are found with memchr: the texts are
+// megabytes).
 std::optional<std::string> WithCrLf(std::string_view text) {
-  const auto bare = [&](std::size_t i) { return text[i] == '\n' && (i == 0 || text[i - 1] != '\r'); };
-  std::size_t count = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) count += bare(i) ? 1 : 0;
-  if (count == 0) return std::nullopt;
-  std::string fixed;
-  fixed.reserve(text.size() + count);
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (bare(i)) fixed += '\r';
-    fixed += text[i];
+  std::optional<std::string> fixed;
+  std::size_t copied = 0;  // text up to here is in `fixed`
+  for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1)) {
+    if (at > 0 && text[at - 1] == '\r') continue;
+    if (!fixed) fixed.emplace().reserve(text.size() + 1);
+    fixed->append(text.substr(copied, at - copied)).push_back('\r');
+    copied = at;
   }
+  if (fixed) fixed->append(text.substr(copied));
   return fixed;
 }
 
-merge::MergeLabels LabelsFor(const fs::path& file) {
+MergeLabels LabelsFor(const fs::path& file) {
   const std::string name = vbrt::ToAnsi(file.filename().string());
   return {name + " as you changed it", name + " as generated before", name + " as generated now"};
 }
 
+MergedText Kept(std::string text) {
+  auto bytes = std::make_shared<const std::string>(std::move(text));
+  return {*bytes, bytes, {}};
+}
+
 // The user's text `yours` of `file` merged with the change from `previous` to `current`.
-// A generation that changed nothing leaves the user's text as it is (as a merge would).
-merge::MergedText Merged(const fs::path& file, const std::string& previous,
-                         const std::string& yours, const std::string& current) {
-  const std::optional<std::string> fixed = WithCrLf(yours);
-  const std::string_view edited = fixed ? *fixed : yours;
-  if (current == previous) return {std::string(edited), {}};
-  return merge::MergeLines(previous, edited, current, LabelsFor(file));
+// Where one side left the text as it was, the result is the other side, as a merge's
+// would be, without merging.
+MergedText Merged(TextMerger& merger, const fs::path& file, const std::string& previous,
+                  const std::string& yours, const std::string& current) {
+  std::optional<std::string> fixed = WithCrLf(yours);
+  const std::string_view edited = fixed ? std::string_view(*fixed) : yours;
+  if (current == previous) return Kept(fixed ? std::move(*fixed) : yours);
+  if (edited == previous) return Kept(current);
+  return merger.MergeLines(previous, edited, current, LabelsFor(file));
 }
 
 // What Complete has written so far, and how to put it back.
@@ -141,7 +148,8 @@ fs::path PristineCopyOf(const fs::path& file) {
   return file.parent_path() / kPristineFolder / file.filename();
 }
 
-FileStore::FileStore(FileSystem& fs, Saving saving) : fs_(fs), saving_(saving) {}
+FileStore::FileStore(FileSystem& fs, TextMergerSource merger, Saving saving)
+    : fs_(fs), mergerSource_(std::move(merger)), saving_(saving) {}
 
 FileStore::Planned* FileStore::Find(const fs::path& file) {
   const auto it = std::find_if(plans_.begin(), plans_.end(),
@@ -171,6 +179,8 @@ FileHistory FileStore::History(std::string_view path) const {
 }
 
 void FileStore::Plan(std::string_view path, SaveChoice choice) {
+  // Before anything is written, so that a merger that cannot be had stops the run cleanly.
+  if (choice == SaveChoice::Merge && merger_ == nullptr) merger_ = &mergerSource_();
   const fs::path file = fs_.ToNative(path);
   if (Planned* plan = Find(file)) {
     plan->choice = choice;
@@ -188,22 +198,22 @@ void FileStore::Complete() {
   Journal journal;
   try {
     for (std::size_t i = 0; i < plans.size(); ++i) {
-      const Planned& plan = plans[i];
+      Planned& plan = plans[i];
       SavedFile& file = saved.emplace_back(SavedFile{plan.path, plan.choice});
       if (plan.choice == SaveChoice::Merge) {
         std::string yours = Read(plan.file);
         copies[i] = Read(PristineCopyOf(plan.file));
-        merge::MergedText merged = Merged(plan.file, *copies[i], yours, plan.generated);
+        MergedText merged = Merged(*merger_, plan.file, *copies[i], yours, plan.generated);
         file.conflicts = std::move(merged.conflicts);
         if (DryRun()) {
           file.before = std::move(yours);
-          file.after = std::move(merged.text);
+          file.after = merged.text;
         } else if (merged.text != yours) {
           journal.Write(plan.file, merged.text, std::move(yours));
         }
       } else if (DryRun()) {
         file.before = ReadIfExists(plan.file).value_or("");
-        file.after = plan.generated;
+        file.after = std::move(plan.generated);  // a dry run keeps no pristine copy
       }
     }
     if (!DryRun()) {

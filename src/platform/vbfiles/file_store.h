@@ -2,8 +2,8 @@
 // Where the development environment's saves of project, class and module files go. The
 // store writes each file (temporary file and rename), keeps a pristine copy of what a
 // generation saved in the folder ".eowizard" beside it, merges a file the user changed
-// since it was generated with the new text when the generation plans so, and in a dry
-// run writes nothing at all.
+// since it was generated with the new text when the generation plans so (through a text
+// merger it asks for only then), and in a dry run writes nothing at all.
 #include <filesystem>
 #include <span>
 #include <string>
@@ -12,6 +12,7 @@
 
 #include "platform/file_system.h"
 #include "platform/regeneration.h"
+#include "platform/text_merger.h"
 
 namespace platform::vbfiles {
 
@@ -22,8 +23,9 @@ std::filesystem::path PristineCopyOf(const std::filesystem::path& file);
 
 class FileStore : public Regeneration {
  public:
-  // Paths are mapped to files through `fs`, which must outlive the store.
-  FileStore(FileSystem& fs, Saving saving);
+  // Paths are mapped to files through `fs`, which must outlive the store; `merger` is
+  // asked for the merger the first time a file is planned for merging.
+  FileStore(FileSystem& fs, TextMergerSource merger, Saving saving);
 
   // Saves the code-page bytes of `parts`, one after the other, as the file `path`. A file
   // planned for merging and every file of a dry run is not written; a planned file's
@@ -32,6 +34,7 @@ class FileStore : public Regeneration {
   void Save(std::string_view path, std::span<const std::string_view> parts);
 
   FileHistory History(std::string_view path) const override;
+  // A plan to merge gets the merger first; what its source throws is thrown.
   void Plan(std::string_view path, SaveChoice choice) override;
   void Complete() override;
   void Abandon() override;
@@ -49,6 +52,8 @@ class FileStore : public Regeneration {
   Planned* Find(const std::filesystem::path& file);
 
   FileSystem& fs_;
+  TextMergerSource mergerSource_;
+  TextMerger* merger_ = nullptr;  // once a file was planned for merging
   Saving saving_;
   std::vector<Planned> plans_;
   std::vector<SavedFile> saved_;

@@ -230,8 +230,8 @@ class VbFilesEnvironment::Projects : public VBProjects {
 };
 
 VbFilesEnvironment::VbFilesEnvironment(FileSystem& fs, const Registry& registry,
-                                       vbfiles::Saving saving)
-    : store_(fs, saving), projects_(std::make_unique<Projects>(store_, registry, failures_)) {}
+                                       TextMergerSource merger, vbfiles::Saving saving)
+    : store_(fs, std::move(merger), saving), projects_(std::make_unique<Projects>(store_, registry, failures_)) {}
 
 VbFilesEnvironment::~VbFilesEnvironment() = default;
 

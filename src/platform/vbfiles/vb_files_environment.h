@@ -12,6 +12,7 @@
 #include "platform/dev_environment.h"
 #include "platform/file_system.h"
 #include "platform/registry.h"
+#include "platform/text_merger.h"
 #include "platform/vbfiles/file_store.h"
 
 namespace platform {
@@ -20,8 +21,9 @@ class VbFilesEnvironment : public DevEnvironment {
  public:
   // Files are written through `fs`; the paths and descriptions of referenced type
   // libraries are looked up in `registry` (HKCR\TypeLib\{guid}\<major.minor>). Both must
-  // outlive the environment. With Saving::DryRun no save writes anything.
-  VbFilesEnvironment(FileSystem& fs, const Registry& registry,
+  // outlive the environment. Files planned for merging are merged by the merger of
+  // `merger`, asked for only then. With Saving::DryRun no save writes anything.
+  VbFilesEnvironment(FileSystem& fs, const Registry& registry, TextMergerSource merger,
                      vbfiles::Saving saving = vbfiles::Saving::ToDisk);
   ~VbFilesEnvironment() override;
 

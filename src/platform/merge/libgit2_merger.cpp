@@ -1,4 +1,4 @@
-#include "platform/merge/text_merge.h"
+#include "platform/merge/libgit2_merger.h"
 
 #include <git2.h>
 
@@ -11,17 +11,19 @@ namespace {
 
 constexpr int kLibraryError = 51;  // "Internal error"
 
-// libgit2 keeps process-wide state (its allocator among it) that must be set up once.
-void EnsureLibrary() {
-  static const int initialised = git_libgit2_init();
-  (void)initialised;
-}
-
 [[noreturn]] void Fail(std::string_view what) {
   const git_error* error = git_error_last();
   throw vbrt::VbError(kLibraryError, std::string(what) + ": " +
                                          (error && error->message ? error->message : "unknown error"));
 }
+
+// libgit2's result of a merge, freed with it.
+struct MergeResult : git_merge_file_result {
+  MergeResult() : git_merge_file_result{} {}
+  MergeResult(const MergeResult&) = delete;
+  MergeResult& operator=(const MergeResult&) = delete;
+  ~MergeResult() { git_merge_file_result_free(this); }
+};
 
 git_merge_file_input Input(std::string_view text) {
   git_merge_file_input input = GIT_MERGE_FILE_INPUT_INIT;
@@ -103,11 +105,20 @@ struct DiffPrinter {
   }
 };
 
-}  // namespace
+class Libgit2TextMerger : public TextMerger {
+ public:
+  // libgit2 keeps process-wide state (its allocator among it) that must be set up once.
+  Libgit2TextMerger() { git_libgit2_init(); }
 
-MergedText MergeLines(std::string_view previous, std::string_view yours,
-                      std::string_view current, const MergeLabels& labels) {
-  EnsureLibrary();
+  MergedText MergeLines(std::string_view previous, std::string_view yours,
+                        std::string_view current, const MergeLabels& labels) override;
+  std::string UnifiedDiff(std::string_view before, std::string_view after,
+                          std::string_view beforeLabel, std::string_view afterLabel,
+                          bool colour) override;
+};
+
+MergedText Libgit2TextMerger::MergeLines(std::string_view previous, std::string_view yours,
+                                         std::string_view current, const MergeLabels& labels) {
   const git_merge_file_input ancestor = Input(previous);
   const git_merge_file_input ours = Input(yours);
   const git_merge_file_input theirs = Input(current);
@@ -116,19 +127,22 @@ MergedText MergeLines(std::string_view previous, std::string_view yours,
   options.ancestor_label = labels.previous.c_str();
   options.our_label = labels.yours.c_str();
   options.their_label = labels.current.c_str();
-  git_merge_file_result result{};
-  if (git_merge_file(&result, &ancestor, &ours, &theirs, &options) < 0) Fail("Merging failed");
-  const std::unique_ptr<git_merge_file_result, void (*)(git_merge_file_result*)> owner(
-      &result, git_merge_file_result_free);
-  MergedText merged{std::string(result.ptr, result.len), {}};
-  if (!result.automergeable) merged.conflicts = FindConflicts(merged.text, labels);
+  auto result = std::make_shared<MergeResult>();
+  if (git_merge_file(result.get(), &ancestor, &ours, &theirs, &options) < 0) {
+    // libgit2 has freed what it had made, without forgetting it.
+    static_cast<git_merge_file_result&>(*result) = {};
+    Fail("Merging failed");
+  }
+  // The merged text stays in libgit2's buffer: a copy would cost as much as a file's read.
+  MergedText merged{{result->ptr, result->len}, result, {}};
+  if (!result->automergeable) merged.conflicts = FindConflicts(merged.text, labels);
   return merged;
 }
 
-std::string UnifiedDiff(std::string_view before, std::string_view after,
-                        std::string_view beforeLabel, std::string_view afterLabel, bool colour) {
+std::string Libgit2TextMerger::UnifiedDiff(std::string_view before, std::string_view after,
+                                           std::string_view beforeLabel,
+                                           std::string_view afterLabel, bool colour) {
   if (before == after) return "";
-  EnsureLibrary();
   git_diff_options options = GIT_DIFF_OPTIONS_INIT;
   options.flags = GIT_DIFF_FORCE_TEXT;
   git_patch* patch = nullptr;
@@ -144,6 +158,13 @@ std::string UnifiedDiff(std::string_view before, std::string_view after,
   printer.out += '\n';
   if (git_patch_print(patch, &DiffPrinter::Line, &printer) < 0) Fail("Comparing failed");
   return printer.out;
+}
+
+}  // namespace
+
+TextMerger& Libgit2Merger() {
+  static Libgit2TextMerger merger;
+  return merger;
 }
 
 }  // namespace platform::merge

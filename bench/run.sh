@@ -44,6 +44,9 @@ echo "In process (medians of $repetitions repetitions):"
 guard "generation / plain write of the same bytes" \
   "$(median eow_generation_bench BM_Generate)" \
   "$(median eow_generation_bench BM_PlainWriteOfGeneratedBytes)" 6
+guard "merge-regeneration (100 edits) / plain generation" \
+  "$(median eow_generation_bench BM_MergeRegeneration)" \
+  "$(median eow_generation_bench BM_Generate)" 2
 guard "session load / line-splitting floor on the same bytes" \
   "$(median eow_session_bench BM_SessionLoad)" \
   "$(median eow_session_bench BM_SplitSessionIntoFields)" 4

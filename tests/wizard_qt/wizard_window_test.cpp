@@ -12,7 +12,6 @@
 using platform::MsgAnswer;
 using wizard_test::WizardFixture;
 
-
 class WizardWindowTest : public QObject {
   Q_OBJECT
 

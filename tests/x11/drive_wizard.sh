@@ -45,10 +45,13 @@ read -r -t 20 -u "$displayfd" display || fail "Xvfb did not start"
 export DISPLAY=":$display"
 openbox >"$work/openbox.log" 2>&1 &
 pids+=($!)
-for _ in $(seq 100); do
-  xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q window && break
+# Ready once it says it can activate windows (it names itself a moment before that).
+wm_ready() { xprop -root _NET_SUPPORTED 2>/dev/null | grep -q _NET_ACTIVE_WINDOW; }
+for _ in $(seq 200); do
+  wm_ready && break
   sleep 0.1
 done
+wm_ready || fail "the window manager did not start"
 
 # --- Helpers ---
 # The id of the window titled exactly $1, waiting up to 20 s for it.

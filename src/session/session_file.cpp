@@ -231,7 +231,8 @@ bool SaveSession(const FormState& form, SessionIo io, const std::string& path,
     message = "Error: Cann't open generation file '" + path + "' for writing";
     return false;
   }
-  // A failure leaves the file as far as it was written, open under its number.
+  // The file takes its place only once complete: a failure leaves the previous one as it
+  // was, and frees the number for the next save.
   try {
     const std::string title = WizardTitle();
     for (const std::string_view line : {kNotice, std::string_view(), std::string_view(title),
@@ -250,6 +251,7 @@ bool SaveSession(const FormState& form, SessionIo io, const std::string& path,
     io.files.Close(kFile);
     return true;
   } catch (const std::exception&) {
+    io.files.Discard(kFile);
     message = "Error writing generation file";
     return false;
   }

@@ -25,8 +25,10 @@ bool LoadSession(FormState& form, SessionIo io, const std::string& path, std::st
 // session file: …".
 std::string IncompleteSessionMessage(const std::string& path);
 
-// Writes the form's record to `path`, replacing the file. An empty path writes nothing
-// and succeeds. False with `message` set on failure; file number 1 then stays taken.
+// Writes the form's record to `path`, replacing the file once the whole record is
+// written (a device such as /dev/null is written directly). An empty path writes nothing
+// and succeeds. False with `message` set on failure; the previous file is then as it was
+// and file number 1 free again.
 bool SaveSession(const FormState& form, SessionIo io, const std::string& path,
                  std::string& message);
 

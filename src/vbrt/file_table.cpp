@@ -2,12 +2,14 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <optional>
 #include <system_error>
 #include <utility>
 #include <vector>
 
 #include "vbrt/error.h"
 #include "vbrt/line_end.h"
+#include "vbrt/replacing_file.h"
 
 namespace vbrt {
 namespace {
@@ -15,9 +17,10 @@ namespace {
 constexpr std::size_t kReadChunk = 64 * 1024;
 constexpr std::size_t kWriteChunk = 64 * 1024;
 
-// The error of a failed write; call right after the failing call, while errno holds
-// its reason.
-int WriteError() { return errno == ENOSPC ? kDiskFull : kDeviceIoError; }
+// The runtime's error of a failed write.
+int WriteError(const std::system_error& failure) {
+  return failure.code() == std::errc::no_space_on_device ? kDiskFull : kDeviceIoError;
+}
 
 // The runtime's reasons for a failed Open, found before the file is touched.
 void CheckOpenable(const std::filesystem::path& path, FileTable::Mode mode) {
@@ -40,7 +43,8 @@ void CheckOpenable(const std::filesystem::path& path, FileTable::Mode mode) {
 }  // namespace
 
 struct FileTable::Entry {
-  std::FILE* file = nullptr;
+  std::FILE* file = nullptr;  // an Input file
+  std::optional<ReplacingFile> output;  // an Output file
   Mode mode = Mode::Input;
   // Read-ahead for Input files: bytes [begin, end) of `buffer` are not consumed yet.
   std::vector<char> buffer;
@@ -67,7 +71,11 @@ struct FileTable::Entry {
 
   void Flush() {
     if (pending.empty()) return;
-    if (std::fwrite(pending.data(), 1, pending.size(), file) != pending.size()) Raise(WriteError());
+    try {
+      output->Write(pending);
+    } catch (const std::system_error& failure) {
+      Raise(WriteError(failure));
+    }
     pending.clear();
   }
 };
@@ -81,9 +89,17 @@ void FileTable::Open(int number, const std::filesystem::path& path, Mode mode) {
   CheckOpenable(path, mode);
   auto entry = std::make_unique<Entry>();
   entry->mode = mode;
-  entry->file = std::fopen(path.string().c_str(), mode == Mode::Input ? "rb" : "wb");
-  if (!entry->file) Raise(mode == Mode::Input ? kPermissionDenied : kPathFileAccessError);
-  if (mode == Mode::Input) entry->buffer.resize(kReadChunk);
+  if (mode == Mode::Output) {
+    try {
+      entry->output.emplace(path);
+    } catch (const std::system_error&) {
+      Raise(kPathFileAccessError);
+    }
+  } else {
+    entry->file = std::fopen(path.string().c_str(), "rb");
+    if (!entry->file) Raise(kPermissionDenied);
+    entry->buffer.resize(kReadChunk);
+  }
   entries_[static_cast<std::size_t>(number)] = std::move(entry);
 }
 
@@ -142,11 +158,20 @@ void FileTable::Close(int number) {
   Entry* found = Find(number);
   if (!found) return;  // closing a free number does nothing
   Entry& entry = *found;
-  entry.Flush();
-  if (std::fflush(entry.file) != 0) Raise(WriteError());
-  const int failure = std::fclose(std::exchange(entry.file, nullptr)) == 0 ? 0 : WriteError();
+  if (entry.output) {
+    entry.Flush();
+    try {
+      entry.output->Commit();
+    } catch (const std::system_error& failure) {
+      // The replacement is gone; the number stays taken, as after any failure.
+      Raise(WriteError(failure));
+    }
+  }
   entries_[static_cast<std::size_t>(number)].reset();
-  if (failure) Raise(failure);
+}
+
+void FileTable::Discard(int number) {
+  if (Find(number)) entries_[static_cast<std::size_t>(number)].reset();
 }
 
 FileTable::Entry* FileTable::Find(int number) const {

@@ -19,7 +19,9 @@ class FileTable {
   FileTable(const FileTable&) = delete;
   FileTable& operator=(const FileTable&) = delete;
 
-  // Opens `path` under `number` (Output replaces the file). Throws VbError:
+  // Opens `path` under `number`. Output replaces the file only when it is closed: the
+  // lines go to a temporary file beside it until then (a character device is written
+  // directly). Throws VbError:
   // kBadFileNameOrNumber outside 1..511, kFileAlreadyOpen when the number is taken,
   // kFileNotFound / kPathNotFound / kPermissionDenied / kPathFileAccessError when the
   // file cannot be opened. Input opens regular files only, Output regular files and
@@ -38,10 +40,13 @@ class FileTable {
   // them by Close; kDiskFull / kDeviceIoError when a chunk cannot be written.
   void PrintLine(int number, std::string_view bytes);
 
-  // Close #n: flushes and frees the number; a number that is not open is left alone.
-  // A failed flush throws (kDiskFull / kDeviceIoError) and leaves the number taken,
-  // as any failure does.
+  // Close #n: flushes and frees the number, an Output file taking its target's place; a
+  // number that is not open is left alone. A failed flush throws (kDiskFull /
+  // kDeviceIoError) and leaves the number taken, as any failure does.
   void Close(int number);
+  // Frees the number without finishing its file: the file an Output file was to replace
+  // stays as it was. A number that is not open is left alone.
+  void Discard(int number);
 
   bool IsOpen(int number) const;
 

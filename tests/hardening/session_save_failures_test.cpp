@@ -1,5 +1,6 @@
-// Saving a session where it cannot be saved: every failure ends with the reader's and
-// writer's own message and touches no other file.
+// Saving a session where it cannot be saved: every failure ends with the writer's own
+// message, leaves every file as it was (the previous session included) with no temporary
+// file beside it, and frees the file number, so that the next save to a good path works.
 //
 // The tests run as root, for whom file permissions stop nothing. A folder that refuses
 // new files even to root is taken from sysfs (/sys), which never lets anyone create a
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 
 #include "../platform/scratch_folder.h"
 #include "file_size_limit.h"
@@ -38,45 +40,45 @@ class SessionSaveFailures : public testing::Test {
   ScratchFolder scratch_;
   platform::PosixFileSystem fs_{platform::DriveMap{}};
   vbrt::FileTable files_;
-  session::FormState form_ = LargeRecord(3, 2);
 };
 
-TEST_F(SessionSaveFailures, FullDeviceFailsWhileWritingAndKeepsFileNumberOneTaken) {
-  EXPECT_EQ(Save(form_, "/dev/full"), kWriteError);
-  // The failed file stays open under number 1, so the next save cannot open its file.
-  const std::string next = (scratch_.Path() / "next.bvg").string();
-  EXPECT_EQ(Save(form_, next), OpenError(next));
-  EXPECT_FALSE(fs::exists(next));
-}
-
-TEST_F(SessionSaveFailures, PathsThatCannotBeOpenedLeaveEverythingAlone) {
+TEST_F(SessionSaveFailures, LeaveEveryFileAsItWasAndTheNextSaveWorks) {
+  const session::FormState large = LargeRecord(2000, 10);
+  const fs::path old = scratch_.Write("Old.bvg", "the previous session\r\n[END]\r\n");
   const fs::path notes = scratch_.Write("notes.txt", "the user's notes\r\n");
   const fs::path folder = scratch_.Write("Session.bvg/inside.txt", "kept").parent_path();
-  // A folder that refuses new files, a path below a regular file, and a folder.
-  for (const std::string& path :
-       {std::string("/sys/eowizard-session.bvg"), (notes / "session.bvg").string(),
-        folder.string()}) {
-    SCOPED_TRACE(path);
-    EXPECT_EQ(Save(form_, path), OpenError(path));
+  scratch_.Write("Blocked.bvg", "blocked");
+  fs::create_directories(scratch_.Path() / "Blocked.bvg.eow-tmp");
+  const struct {
+    const char* what;
+    fs::path path;
+    std::optional<rlim_t> limit;  // a disk that fills up after this many bytes
+    bool opens;                   // the failure comes while writing, not on opening
+  } cases[] = {
+      {"the disk fills up while the previous session is replaced", old, 64 * 1024, true},
+      {"a device that is full", "/dev/full", std::nullopt, true},
+      {"a folder that refuses new files", "/sys/eowizard-session.bvg", std::nullopt, false},
+      {"a path below a regular file", notes / "session.bvg", std::nullopt, false},
+      {"a path that is a folder", folder, std::nullopt, false},
+      {"the temporary file's place taken by a folder", scratch_.Path() / "Blocked.bvg",
+       std::nullopt, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    if (!fs::exists(c.path == "/dev/full" ? c.path : c.path.parent_path())) continue;
+    const auto before = Snapshot(scratch_.Path());
+    {
+      std::optional<FileSizeLimit> limit;
+      if (c.limit) limit.emplace(*c.limit);
+      EXPECT_EQ(Save(large, c.path.string()), c.opens ? kWriteError : OpenError(c.path.string()));
+    }
+    EXPECT_EQ(Snapshot(scratch_.Path()), before);
+    EXPECT_FALSE(fs::exists("/sys/eowizard-session.bvg"));
+    const fs::path next = scratch_.Path() / "next.bvg";
+    EXPECT_EQ(Save(large, next.string()), "");
+    EXPECT_NE(ReadBytes(next).find("\r\n[END]\r\n"), std::string::npos);
+    fs::remove(next);
   }
-  EXPECT_FALSE(fs::exists("/sys/eowizard-session.bvg"));
-  EXPECT_EQ(fs::file_size(notes), 18u);
-  EXPECT_EQ(fs::file_size(folder / "inside.txt"), 4u);
-  // Nothing stayed open: a save elsewhere still works.
-  EXPECT_EQ(Save(form_, (scratch_.Path() / "ok.bvg").string()), "");
-}
-
-TEST_F(SessionSaveFailures, DiskFillingUpDuringTheSaveKeepsTheOtherFiles) {
-  const fs::path earlier = scratch_.Write("Earlier.bvg", std::string(10000, 'x'));
-  const session::FormState large = LargeRecord(2000, 10);
-  const std::string path = (scratch_.Path() / "Large.bvg").string();
-  {
-    const FileSizeLimit limit(64 * 1024);
-    EXPECT_EQ(Save(large, path), kWriteError);
-  }
-  // The file stays as far as it was written; the earlier session beside it is whole.
-  EXPECT_LE(fs::file_size(path), 64u * 1024u);
-  EXPECT_EQ(fs::file_size(earlier), 10000u);
 }
 
 }  // namespace

@@ -147,15 +147,17 @@ TEST_F(FileTableTest, WrongModeAndFreeNumber) {
   EXPECT_THAT([&] { files_.LineInput(3); }, RaisesError(vbrt::kBadFileNameOrNumber));
 }
 
-TEST_F(FileTableTest, FullDeviceFailsAndKeepsTheNumber) {
+TEST_F(FileTableTest, FullDeviceFailsAndKeepsTheNumberUntilDiscarded) {
   if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full";
   files_.Open(1, "/dev/full", Mode::Output);
   files_.PrintLine(1, "buffered");  // may only fail when the buffer is flushed
   EXPECT_THAT([&] { files_.Close(1); }, RaisesError(vbrt::kDiskFull));
   EXPECT_TRUE(files_.IsOpen(1));
   EXPECT_THAT([&] { files_.PrintLine(1, std::string(1 << 20, 'x')); },
-              RaisesError(vbrt::kDiskFull));
+              RaisesError(vbrt::kDeviceIoError));
   EXPECT_TRUE(files_.IsOpen(1));
+  files_.Discard(1);
+  EXPECT_FALSE(files_.IsOpen(1));
 }
 
 }  // namespace

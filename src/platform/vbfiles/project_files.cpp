@@ -1,11 +1,9 @@
 #include "platform/vbfiles/project_files.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <fstream>
 #include <system_error>
 
 #include "vbrt/error.h"
+#include "vbrt/replacing_file.h"
 
 namespace platform::vbfiles {
 namespace {
@@ -58,7 +56,7 @@ std::string AttributeName(std::string_view name) {
     number = vbrt::kPathNotFound;
   } else if (ec == std::errc::permission_denied || ec == std::errc::read_only_file_system) {
     number = vbrt::kPermissionDenied;
-  } else if (ec == std::errc::no_space_on_device) {
+  } else if (ec == std::errc::no_space_on_device || ec == std::errc::file_too_large) {
     number = vbrt::kDiskFull;
   }
   throw vbrt::VbError(number, "Cannot write '" + target.string() + "': " + ec.message());
@@ -99,30 +97,12 @@ std::string ClassFileHeader(std::string_view name) {
 std::string ModuleFileHeader(std::string_view name) { return AttributeName(name); }
 
 void ReplaceFile(const std::filesystem::path& target, std::span<const std::string_view> parts) {
-  std::filesystem::path temp = target;
-  temp += ".eow-tmp";
-  std::error_code ec;
-  {
-    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-    if (!out) {
-      ec = std::error_code(errno ? errno : EACCES, std::generic_category());
-      FailWrite(target, ec);
-    }
-    for (const std::string_view bytes : parts) {
-      out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    }
-    out.flush();
-    if (!out) {
-      out.close();
-      std::filesystem::remove(temp, ec);
-      FailWrite(target, std::make_error_code(std::errc::no_space_on_device));
-    }
-  }
-  std::filesystem::rename(temp, target, ec);
-  if (ec) {
-    std::error_code ignored;
-    std::filesystem::remove(temp, ignored);
-    FailWrite(target, ec);
+  try {
+    vbrt::ReplacingFile file(target);
+    for (const std::string_view bytes : parts) file.Write(bytes);
+    file.Commit();
+  } catch (const std::system_error& failure) {
+    FailWrite(target, failure.code());
   }
 }
 

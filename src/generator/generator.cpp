@@ -186,9 +186,13 @@ bool Generator::PrepareFilesFolder() {
       fs_.CreateFolder(FilesFolderPath());
       return true;
     }
-    default:
+    case MsgAnswer::Yes:
       return true;
+    case MsgAnswer::OK:
+    case MsgAnswer::Merge:
+      break;  // not offered: taken as Cancel
   }
+  return false;
 }
 
 bool Generator::ChooseFileName(const char* extension, int questionBefore, int questionAfter,
@@ -221,9 +225,10 @@ bool Generator::ChooseFileName(const char* extension, int questionBefore, int qu
       file = {project + vbrt::StrInteger(i), SaveChoice::NewName};
       return true;
     }
-    default:
-      return true;
+    case MsgAnswer::OK:
+      break;  // not offered: taken as Cancel, so that no file is left without a name
   }
+  return false;
 }
 
 platform::MsgAnswer Generator::AskOverwrite(const std::string& path, std::string question) {

@@ -118,7 +118,8 @@ TEST_F(GeneratorTest, PathsItBuildsTakeTheSeparatorOfTheLocation) {
 }
 
 // A file of the project that exists already: Yes writes over it, No keeps it and takes the
-// next free name (probed without the blank, taken with it), Cancel ends the run at once.
+// next free name (probed without the blank, taken with it), Cancel ends the run at once,
+// and so does an answer the question does not offer.
 struct OverwriteCase {
   std::vector<std::string> existing;  // each holds "old"; the first is asked about
   MsgAnswer answer;
@@ -156,7 +157,8 @@ INSTANTIATE_TEST_SUITE_P(
                       OverwriteCase{{"Coil.vbp", "Coil2.vbp"}, MsgAnswer::No, "Project file",
                                     "Coil 3.vbp"},
                       OverwriteCase{{"Coil.cls"}, MsgAnswer::Yes, "Class module", "Coil.vbp"},
-                      OverwriteCase{{"Coil.bas"}, MsgAnswer::Cancel, "Module", ""}));
+                      OverwriteCase{{"Coil.bas"}, MsgAnswer::Cancel, "Module", ""},
+                      OverwriteCase{{"Coil.bas"}, MsgAnswer::OK, "Module", ""}));
 
 TEST_F(GeneratorTest, MissingHostLibraryLeavesNothingBehind) {
   // Without the class's type library, then without the class too.

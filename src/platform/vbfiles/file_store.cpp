@@ -170,8 +170,14 @@ FileHistory FileStore::History(std::string_view path) const {
   const fs::path copy = PristineCopyOf(file);
   std::error_code ec;
   if (!fs::is_regular_file(copy, ec) || !fs::is_regular_file(file, ec)) return FileHistory::Unknown;
-  // An edit nearly always changes the size; only files of equal size are compared.
-  if (fs::file_size(copy, ec) != fs::file_size(file, ec)) return FileHistory::Edited;
+  // An edit nearly always changes the size; only files of equal size are compared. A size
+  // that cannot be had tells nothing.
+  std::error_code copyError;
+  std::error_code fileError;
+  const std::uintmax_t copySize = fs::file_size(copy, copyError);
+  const std::uintmax_t fileSize = fs::file_size(file, fileError);
+  if (copyError || fileError) return FileHistory::Unknown;
+  if (copySize != fileSize) return FileHistory::Edited;
   const std::optional<std::string> pristine = ReadIfExists(copy);
   const std::optional<std::string> current = ReadIfExists(file);
   if (!pristine || !current) return FileHistory::Unknown;

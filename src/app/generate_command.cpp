@@ -20,6 +20,7 @@
 #include "platform/dry_run_file_system.h"
 #include "platform/path_parts.h"
 #include "platform/vbfiles/vb_files_environment.h"
+#include "session/record_check.h"
 #include "session/session_file.h"
 #include "vbrt/codepage.h"
 #include "wizard/model/page_checks.h"
@@ -158,6 +159,11 @@ int RunGenerate(const GenerateOptions& options) {
     return 1;
   }
   if (!options.project.empty()) {
+    if (const std::string refusal = session::ControlCharacterPathRefusal(options.project);
+        !refusal.empty()) {
+      std::cerr << "eowizard: --project: " << refusal << "\n";
+      return 1;
+    }
     // The folder of a project named on the command line is made, as the wizard offers.
     checks.CreateFolderPath(fs.AbsolutePath(platform::ParentFolder(options.project)));
     form.SetText(session::TextField::Location, options.project);

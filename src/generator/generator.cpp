@@ -1,4 +1,6 @@
 // How a generation run ends when something fails:
+// - A project, model, data or sketch path that holds a control character ends the run
+//   before anything is asked or created, with a message naming the field.
 // - A folder or file that cannot be created, probed or deleted while the files folder and
 //   the three file names are chosen ends the run with a message naming the failure;
 //   nothing has been created in the development environment by then.
@@ -30,6 +32,7 @@
 #include "platform/path_parts.h"
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "session/record_check.h"
 #include "vbrt/error.h"
 #include "vbrt/numbers.h"
 
@@ -86,6 +89,12 @@ bool Generator::Generate(session::FormState& form) {
   written_.clear();
   title_ = LoadResString(kAppTitle);
 
+  // A NUL would cut the names short where the files are opened: the project's three files
+  // would all go to one file nobody was asked about.
+  if (const std::string refused = session::RefusedPathField(form); !refused.empty()) {
+    Tell("Error: " + refused, MsgIcon::Critical);
+    return false;
+  }
   if (!form.optModelLink.value && application_ == nullptr) {
     Tell("Error: The basic model '" + form.edModel +
              "' cannot be converted into code: the analysis application is not available.",

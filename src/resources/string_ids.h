@@ -114,6 +114,19 @@ inline constexpr int kSketchMissingAfter = 10613;
 inline constexpr int kSessionsFolderMovedBefore = 14000;
 inline constexpr int kSessionsFolderMovedMiddle = 14001;
 inline constexpr int kSessionsFolderMovedAfter = 14002;
+// A session that cannot be saved as the wizard closes or finishes: the writer's message,
+// Before + path + After, the choices; the confirmations of going on without saving.
+inline constexpr int kSessionNotSavedBefore = 14010;
+inline constexpr int kSessionNotSavedAfter = 14011;
+inline constexpr int kNotSavedChoicesOnCancel = 14012;
+inline constexpr int kNotSavedChoicesOnFinish = 14013;
+inline constexpr int kCloseUnsavedQuestion = 14014;
+inline constexpr int kGenerateUnsavedQuestion = 14015;
+// Saving over a session file that could not be read: Before + path + Middle + the
+// numbered file beside it + After.
+inline constexpr int kUnreadSessionBefore = 14016;
+inline constexpr int kUnreadSessionMiddle = 14017;
+inline constexpr int kUnreadSessionAfter = 14018;
 
 // Generation: progress window, questions and results.
 inline constexpr int kProgressCaption = 10015;
@@ -232,5 +245,8 @@ inline constexpr int kUnheldBefore = 15000;
 inline constexpr int kUnheldMiddle = 15001;
 inline constexpr int kUnheldTextEnd = 15002;
 inline constexpr int kUnheldPathEnd = 15003;
+// A path holding a control character: Before + name and code + After.
+inline constexpr int kControlCharacterBefore = 15004;
+inline constexpr int kControlCharacterAfter = 15005;
 
 }  // namespace resources

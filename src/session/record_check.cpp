@@ -47,6 +47,19 @@ std::string Quoted(std::string_view text) {
   return out + "\"";
 }
 
+// The name of the control character at `i`, whose length LineBreakAt gave.
+std::string ControlCharacterName(std::string_view text, std::size_t i, std::size_t length) {
+  static constexpr std::string_view kNames[] = {
+      "NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL", "BS", "HT", "LF",
+      "VT",  "FF",  "CR",  "SO",  "SI",  "DLE", "DC1", "DC2", "DC3", "DC4", "NAK",
+      "SYN", "ETB", "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US"};
+  const auto byte = static_cast<unsigned char>(text[i]);
+  if (byte < 0x20) return std::string(kNames[byte]) + " (code " + std::to_string(byte) + ")";
+  if (length == 1) return "DEL (code 127)";
+  if (length == 2) return "NEL (U+0085)";
+  return text[i + 2] == '\xA8' ? "LS (U+2028)" : "PS (U+2029)";
+}
+
 class Checker {
  public:
   explicit Checker(const FormState& form) : form_(form) {}
@@ -184,6 +197,32 @@ class Checker {
 }  // namespace
 
 std::vector<std::string> CheckRecord(const FormState& form) { return Checker(form).Run(); }
+
+std::string ControlCharacterPathRefusal(std::string_view path) {
+  for (std::size_t i = 0; i < path.size(); ++i) {
+    // A tab breaks no generated line, but no file name holds one either.
+    const std::size_t length = path[i] == '\t' ? 1 : LineBreakAt(path, i);
+    if (length == 0) continue;
+    using resources::LoadResString;
+    return LoadResString(resources::kControlCharacterBefore) +
+           ControlCharacterName(path, i, length) +
+           LoadResString(resources::kControlCharacterAfter);
+  }
+  return {};
+}
+
+std::string RefusedPathField(const FormState& form) {
+  const std::pair<std::string_view, const std::string&> paths[] = {
+      {"PROJECT", form.edLocation},
+      {"MODEL", form.edModel},
+      {"DATA", form.edData},
+      {"SKETCH", form.edSketch}};
+  for (const auto& [key, path] : paths) {
+    const std::string refusal = ControlCharacterPathRefusal(path);
+    if (!refusal.empty()) return std::string(key) + ": " + refusal;
+  }
+  return {};
+}
 
 std::vector<std::string> CheckFileText(std::string_view file) {
   std::vector<std::string> problems;

@@ -1,7 +1,8 @@
 // `eowizard generate` over a week of the engineer's work on the shipped actuator, step by
 // step in one project folder: generated, edited, previewed with --dry-run --diff, merged
 // with one more input and output, merged against a changed limit (exit code 3), and
-// generated again without pristine copies.
+// generated again without pristine copies; a session whose project path holds a NUL is
+// refused.
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -58,6 +59,11 @@ TEST_F(GenerateCommandTest, AWeekOfTheEngineersWork) {
   std::string v3 = ReadBytes(fs::path(EOW_EXAMPLES_DIR) / "actuator/Actuator-v2.bvg");
   v3.replace(v3.find("MAX=5\r\n"), 7, "MAX=6\r\n");
   const std::string limitChanged = Session("v3.bvg", v3);
+  // A NUL would end all three file names at "Actuator.vbp".
+  std::string cut = ReadBytes(fs::path(EOW_EXAMPLES_DIR) / "actuator/Actuator-v2.bvg");
+  cut.replace(cut.find("examples\\actuator\\Actuator.vbp"), 30,
+              Project("Actuator.vbp") + '\0' + ".x");
+  const std::string nul = Session("nul.bvg", cut);
   fs::create_directories(Project());
   const std::string merge = " --project '" + Project("Actuator.vbp") + "'" + kRegistry +
                             " --answer merge";
@@ -99,6 +105,11 @@ TEST_F(GenerateCommandTest, AWeekOfTheEngineersWork) {
        .markers = 1},
       {.what = "--diff without --dry-run", .arguments = kV2 + merge + " --diff", .exitCode = 2,
        .err = {"--dry-run"}, .writesNothing = true, .markers = 1},
+      {.what = "a project path holding a NUL", .arguments = nul + kRegistry + " --answer yes",
+       .exitCode = 1,
+       .out = {"Error: PROJECT: The path holds the control character NUL (code 0), which no "
+               "file name can hold"},
+       .writesNothing = true, .markers = 1},
   };
   for (const Step& step : steps) {
     SCOPED_TRACE(step.what);

@@ -222,6 +222,10 @@ std::string IncompleteSessionMessage(const std::string& path) {
          "comes before the DESCRIPTION of its section";
 }
 
+std::string UnreadSessionMessage(const std::string& path, const std::string& message) {
+  return "'" + path + "' could not be read completely: " + message;
+}
+
 bool SaveSession(const FormState& form, SessionIo io, const std::string& path,
                  std::string& message) {
   if (path.empty()) return true;

@@ -24,6 +24,9 @@ bool LoadSession(FormState& form, SessionIo io, const std::string& path, std::st
 // Why a load that failed without a message failed, naming `path`: "'…' is not a complete
 // session file: …".
 std::string IncompleteSessionMessage(const std::string& path);
+// Why a load that failed with the reader's `message` failed, naming `path`: "'…' could
+// not be read completely: " and the message.
+std::string UnreadSessionMessage(const std::string& path, const std::string& message);
 
 // Writes the form's record to `path`, replacing the file once the whole record is
 // written (a device such as /dev/null is written directly). An empty path writes nothing

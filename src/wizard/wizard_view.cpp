@@ -2,10 +2,12 @@
 
 #include <QApplication>
 
+#include "wizard/browse_dialog.h"
+
 namespace wizard {
 
 QtWizardView::QtWizardView(WizardForm& form, const platform::FileSystem& fs)
-    : window_(new WizardWindow(form, fs)) {}
+    : fs_(fs), window_(new WizardWindow(form, fs)) {}
 
 QtWizardView::~QtWizardView() {
   SetBusy(false);
@@ -43,5 +45,9 @@ void QtWizardView::SetBusy(bool busy) {
 void QtWizardView::FocusControl(std::string_view control) { window_->FocusControl(control); }
 
 void QtWizardView::Repaint() { window_->ApplyState(); }
+
+std::optional<std::string> QtWizardView::AskSaveFile(const FileDialogSetup& setup) {
+  return wizard::AskSaveFile(window_, setup, fs_);
+}
 
 }  // namespace wizard

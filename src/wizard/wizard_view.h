@@ -25,10 +25,12 @@ class QtWizardView : public WizardView {
   void SetBusy(bool busy) override;
   void FocusControl(std::string_view control) override;
   void Repaint() override;
+  std::optional<std::string> AskSaveFile(const FileDialogSetup& setup) override;
 
   WizardWindow* Window() const { return window_; }
 
  private:
+  const platform::FileSystem& fs_;
   QPointer<WizardWindow> window_;
   std::unique_ptr<LaunchNotice> launch_;
   bool busy_ = false;

@@ -153,14 +153,14 @@ class SessionFileTest : public PageChecksTest {
                                   "\nPROJECT=Q:\\Elsewhere\\Coil.vbp\nAUTHOR=Ann\n\n[END]\n");
     form_.edFile = "M:\\Old.bvg";
   }
-  bool Leave() { return checks_.SessionFileLeft(form_, {table_, files_}, changed_); }
+  SessionFileOutcome Leave() { return checks_.SessionFileLeft(form_, {table_, files_}, changed_); }
 
   vbrt::FileTable table_;
   bool changed_ = false;
 };
 
 TEST_F(SessionFileTest, UnchangedSettingsLoadAtOnceEvenFromAnotherMachine) {
-  EXPECT_FALSE(Leave());
+  EXPECT_EQ(Leave(), SessionFileOutcome::Loaded);
   EXPECT_TRUE(prompter_.shown.empty());
   // The project folder is missing here, and yet every key of the file is read.
   EXPECT_EQ(form_.edLocation, "Q:\\Elsewhere\\Coil.vbp");
@@ -170,13 +170,14 @@ TEST_F(SessionFileTest, UnchangedSettingsLoadAtOnceEvenFromAnotherMachine) {
   EXPECT_FALSE(changed_);
 }
 
-TEST_F(SessionFileTest, FailedLoadIsToldClosesItsFileAndCountsAsLoaded) {
+TEST_F(SessionFileTest, FailedLoadIsToldNamingTheFileClosesItAndCountsAsLoaded) {
   const struct {
     const char* bytes;
     std::string told;
   } cases[] = {
       {"[GENERAL]\nAPPLICATION=Another wizard\n\n[END]\n",
-       "Error: Wrong Wizard generation saving file."},
+       "'M:\\Other.bvg' could not be read completely: Error: Wrong Wizard generation saving "
+       "file."},
       // The reader gives no text for a file that ends too early.
       {"[GENERAL]\nAUTHOR=cut off here\n\n", session::IncompleteSessionMessage("M:\\Other.bvg")},
   };
@@ -187,7 +188,7 @@ TEST_F(SessionFileTest, FailedLoadIsToldClosesItsFileAndCountsAsLoaded) {
     changed_ = true;
     prompter_.shown.clear();
     prompter_.Answer(MsgAnswer::Yes);
-    EXPECT_FALSE(Leave());
+    EXPECT_EQ(Leave(), SessionFileOutcome::Unread);
     ASSERT_EQ(prompter_.shown.size(), 2u);
     EXPECT_EQ(prompter_.shown[1].text, bad.told);
     EXPECT_EQ(prompter_.shown[1].icon, MsgIcon::Exclamation);
@@ -200,7 +201,7 @@ TEST_F(SessionFileTest, EmptyOrNewPathDoesNothing) {
   changed_ = true;
   for (const char* path : {"", "M:\\New.bvg"}) {
     form_.edFile = path;
-    EXPECT_FALSE(Leave());
+    EXPECT_EQ(Leave(), SessionFileOutcome::None);
   }
   EXPECT_TRUE(prompter_.shown.empty());
   EXPECT_TRUE(changed_);
@@ -224,7 +225,7 @@ TEST_F(SessionFileTest, SpecialFilesAreNoFiles) {
 
     form_.edFile = path;
     changed_ = true;
-    EXPECT_FALSE(Leave());
+    EXPECT_EQ(Leave(), SessionFileOutcome::None);
     ExpectTold("Error: Cannt open generation file '" + path + "' for reading",
                MsgIcon::Exclamation);
     EXPECT_TRUE(changed_);

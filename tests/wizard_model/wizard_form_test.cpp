@@ -142,8 +142,9 @@ TEST_F(WizardTest, FinishPageTellsWhatIsMissingUntilAProjectIsGiven) {
   EXPECT_EQ(form.DefaultButton(), Button::Finish);
 }
 
-// Text the code page cannot hold is told beside its field; a path with such characters
-// is not taken at all, whether typed or chosen in the file dialog.
+// Text the code page cannot hold is told beside its field; a path with such characters,
+// or with a control character, is not taken at all, whether typed, chosen in the file
+// dialog or loaded from a session.
 TEST_F(WizardTest, TextTheCodePageCannotHoldIsToldAndPathsRefuseIt) {
   WizardForm& form = Start();
   const std::string lost = "\": these characters would be written as \"?\" in the session file "
@@ -165,6 +166,12 @@ TEST_F(WizardTest, TextTheCodePageCannotHoldIsToldAndPathsRefuseIt) {
        "The code page WINDOWS-1252 cannot hold \"项目" + refused},
       {Field::Model, "/models/Ж.mod", false, "The code page WINDOWS-1252 cannot hold \"Ж" + refused},
       {Field::Model, "/models/é.mod", true, ""},
+      {Field::Data, std::string("/data/a\0b.dms", 13), false,
+       "The path holds the control character NUL (code 0), which no file name can hold, so it "
+       "is not taken."},
+      {Field::Data, "/data/a\tb.dms", false,
+       "The path holds the control character HT (code 9), which no file name can hold, so it "
+       "is not taken."},
       {Field::File, InScratch("项目.bvg"), true, ""},  // never written in the code page
   };
   for (const auto& c : cases) {
@@ -186,6 +193,18 @@ TEST_F(WizardTest, TextTheCodePageCannotHoldIsToldAndPathsRefuseIt) {
   EXPECT_TRUE(prompter_.shown.empty()) << "told beside the field, not in a box";
   form.TextEdited(Field::Sketch, "");
   EXPECT_EQ(form.FieldNotice(Field::Sketch), "");
+
+  const std::string cut = InScratch("Coil.vbp") + '\0' + ".x";
+  form.TextEdited(Field::File, scratch_.Write("nul.bvg", "[GENERAL]\r\nPROJECT=" + cut +
+                                                             "\r\nAUTHOR=Loaded\r\n\r\n[END]\r\n")
+                                   .string());
+  form.FieldLeft(Field::File);
+  EXPECT_EQ(form.State().edAuthor, "Loaded");
+  EXPECT_EQ(form.State().edLocation, project);
+  EXPECT_EQ(form.State().theName, "Coil");
+  EXPECT_EQ(form.FieldText(Field::Location), cut);
+  EXPECT_NE(form.FieldNotice(Field::Location).find("NUL (code 0)"), std::string::npos);
+  EXPECT_TRUE(prompter_.shown.empty());
 }
 
 TEST_F(WizardTest, CancelAnsweredNoChangesNothingAndYesSavesAndCloses) {
@@ -225,18 +244,12 @@ TEST_F(WizardTest, FinishKeepsTheWizardWithNothingLostUntilSavedAndGenerated) {
     EXPECT_TRUE(analysisAlive_);
   };
 
-  // A session that cannot be saved stops Finish, and Cancel, before anything else.
+  // A session that cannot be saved, answered "back to the wizard", stops Finish before
+  // anything else.
   form.TextEdited(Field::File, InScratch("no such folder/s.bvg"));
+  prompter_.Answer(MsgAnswer::Cancel);
   EXPECT_FALSE(form.Finish());
   EXPECT_EQ(generations_, 0);
-  ASSERT_EQ(prompter_.shown.size(), 1u);
-  EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Exclamation);
-  EXPECT_EQ(prompter_.shown[0].title, test::kTitle);
-  EXPECT_FALSE(prompter_.shown[0].text.empty());
-  prompter_.Answer(MsgAnswer::Yes);
-  EXPECT_FALSE(form.Cancel());
-  ASSERT_EQ(prompter_.shown.size(), 3u);  // the question, then why it failed
-  EXPECT_EQ(prompter_.shown[2].text, prompter_.shown[0].text);
   prompter_.shown.clear();
   expectBack();
 
@@ -259,6 +272,118 @@ TEST_F(WizardTest, FinishKeepsTheWizardWithNothingLostUntilSavedAndGenerated) {
   EXPECT_TRUE(fs::exists(session));
   EXPECT_EQ(wizard_.Form(), nullptr);
   EXPECT_FALSE(analysisAlive_);
+}
+
+// A session that cannot be saved as the wizard closes or finishes is told with its path,
+// and the user goes on: to another session file, on without saving (after confirming),
+// or back to the wizard, which never closes without a word.
+TEST_F(WizardTest, ASessionThatCannotBeSavedOffersAWayOn) {
+  const std::string bad = InScratch("no such folder/s.bvg");
+  const std::string chosen = InScratch("chosen.bvg");
+  const std::string cannotOpen = "Error: Cann't open generation file '" + bad + "' for writing";
+  const struct {
+    const char* what;
+    bool finish;  // else Cancel, its exit question answered Yes
+    std::vector<MsgAnswer> answers;
+    std::optional<std::string> saveAs;  // each save dialog's answer
+    bool closed;
+    int generations;
+    std::string told;  // the way-on question; "" to skip
+  } cases[] = {
+      {"Finish, back to the wizard", true, {MsgAnswer::Cancel}, std::nullopt, false, 0,
+       cannotOpen + "\nThe session was not saved: '" + bad + "' is as it was.\nClick Yes to "
+       "save it in another file. Click No to generate the project without saving it. Click "
+       "Cancel to go back to the wizard."},
+      {"Finish, another file", true, {MsgAnswer::Yes}, chosen, true, 1, ""},
+      {"Finish, a dialog cancelled, then back", true, {MsgAnswer::Yes, MsgAnswer::Cancel},
+       std::nullopt, false, 0, ""},
+      {"Finish without saving, confirmed the second time", true,
+       {MsgAnswer::No, MsgAnswer::No, MsgAnswer::No, MsgAnswer::Yes}, std::nullopt, true, 1, ""},
+      {"Cancel, closed without saving", false, {MsgAnswer::No, MsgAnswer::Yes}, std::nullopt,
+       true, 0,
+       cannotOpen + "\nThe session was not saved: '" + bad + "' is as it was.\nClick Yes to "
+       "save it in another file. Click No to close the wizard without saving it. Click Cancel "
+       "to go back to the wizard."},
+      {"Cancel, another file", false, {MsgAnswer::Yes}, chosen, true, 0, ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    if (wizard_.Form() != nullptr) wizard_.AddinInstance_OnDisconnection();
+    generations_ = 0;
+    fs::remove(chosen);
+    WizardForm& form = Start();
+    GiveProject(form);
+    form.TextEdited(Field::File, bad);
+    if (!c.finish) prompter_.Answer(MsgAnswer::Yes);
+    for (const MsgAnswer answer : c.answers) prompter_.Answer(answer);
+    view_.saveAs = c.saveAs;
+    EXPECT_EQ(c.finish ? form.Finish() : form.Cancel(), c.closed);
+    EXPECT_EQ(prompter_.Pending(), 0u);
+    EXPECT_EQ(wizard_.Form() == nullptr, c.closed);
+    EXPECT_EQ(generations_, c.generations);
+    EXPECT_EQ(fs::exists(chosen), c.saveAs.has_value());
+    EXPECT_FALSE(fs::exists(bad));
+    const auto& told = prompter_.shown[c.finish ? 0 : 1];
+    if (!c.told.empty()) {
+      EXPECT_EQ(told.text, c.told);
+    }
+    EXPECT_EQ(told.buttons, MsgButtons::YesNoCancel);
+    EXPECT_EQ(told.icon, MsgIcon::Exclamation);
+    for (const FileDialogSetup& dialog : view_.saveDialogs) {
+      EXPECT_EQ(dialog.initialFolder, (ProgramFolder() / "WizardSessions").string());
+      EXPECT_EQ(dialog.fileName, (ProgramFolder() / "WizardSessions" / "Generation1.bvg").string());
+    }
+  }
+}
+
+// After a session file failed to load, the wizard says which file and why, and the next
+// save over it asks first: Yes replaces it, No saves beside it under the next free
+// numbered name, Cancel goes back.
+TEST_F(WizardTest, ASessionThatFailedToLoadIsNotReplacedWithoutAsking) {
+  // Cut inside its second input.
+  const std::string bytes = std::string("[GENERAL]\r\nAPPLICATION=") + kTitle +
+                            "\r\n\r\n[INPUT]\r\nDESCRIPTION=Gap\r\n\r\n[INPUT]\r\nDESCRIPTION=Wi";
+  const std::string broken = scratch_.Write("Broken.bvg", bytes).string();
+  scratch_.Write("Broken 2.bvg", "taken");
+  const struct {
+    MsgAnswer answer;
+    bool closed;
+    std::string saved;  // the file the session went to; "" for none
+  } cases[] = {
+      {MsgAnswer::Cancel, false, ""},
+      {MsgAnswer::No, true, InScratch("Broken 3.bvg")},
+      {MsgAnswer::Yes, true, broken},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(static_cast<int>(c.answer));
+    if (wizard_.Form() != nullptr) wizard_.AddinInstance_OnDisconnection();
+    WizardForm& form = Start();
+    form.Next();
+    form.TextEdited(Field::File, broken);
+    prompter_.Answer(MsgAnswer::Yes);  // load it over the changed settings
+    form.FieldLeft(Field::File);
+    ASSERT_EQ(prompter_.shown.size(), 2u);
+    EXPECT_EQ(prompter_.shown[1].text, "'" + broken + "' could not be read completely: Error "
+                                       "loading data from generation file");
+    prompter_.shown.clear();
+
+    prompter_.Answer(MsgAnswer::Yes);  // exit
+    prompter_.Answer(c.answer);
+    EXPECT_EQ(form.Cancel(), c.closed);
+    ASSERT_EQ(prompter_.shown.size(), 2u);
+    EXPECT_EQ(prompter_.shown[1].text,
+              "The session file '" + broken + "' could not be read completely when it was "
+              "loaded; saving the session replaces it, and what could not be read is lost. "
+              "Click Yes to replace it. Click No to save the session as '" +
+                  InScratch("Broken 3.bvg") + "' instead. Click Cancel to go back to the wizard.");
+    EXPECT_EQ(prompter_.shown[1].buttons, MsgButtons::YesNoCancel);
+    EXPECT_EQ(ReadBytes(broken) == bytes, c.saved != broken);
+    if (!c.saved.empty()) {
+      EXPECT_NE(ReadBytes(c.saved).find("\r\n[END]\r\n"), std::string::npos);
+    }
+    EXPECT_EQ(fs::exists(InScratch("Broken 3.bvg")), c.answer == MsgAnswer::No);
+    fs::remove(InScratch("Broken 3.bvg"));
+  }
 }
 
 TEST_F(WizardTest, AnalysisApplicationThatCannotStartStopsTheStartUpUntilReconnection) {

@@ -3,6 +3,7 @@
 // the form asked of it, a fake analysis application and a generation that answers as told.
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -43,6 +44,8 @@ struct ViewLog {
   std::string launchText;
   std::vector<std::string> focused;
   bool viewDestroyed = false;
+  std::vector<FileDialogSetup> saveDialogs;  // every save-file dialog opened
+  std::optional<std::string> saveAs;         // what each one answers; nullopt: cancelled
 };
 
 class RecordingView : public WizardView {
@@ -60,6 +63,10 @@ class RecordingView : public WizardView {
   void SetBusy(bool busy) override { log_.busy = busy; }
   void FocusControl(std::string_view control) override { log_.focused.emplace_back(control); }
   void Repaint() override {}
+  std::optional<std::string> AskSaveFile(const FileDialogSetup& setup) override {
+    log_.saveDialogs.push_back(setup);
+    return log_.saveAs;
+  }
 
  private:
   ViewLog& log_;

@@ -55,11 +55,11 @@ std::string PageChecks::ProgIdOf(std::string_view projectName) {
   return std::string(kGeneratedProject) + "." + std::string(projectName);
 }
 
-bool PageChecks::SessionFileLeft(session::FormState& form, session::SessionIo io,
-                                 bool& settingsChanged) {
-  if (form.edFile.empty()) return false;
+SessionFileOutcome PageChecks::SessionFileLeft(session::FormState& form, session::SessionIo io,
+                                               bool& settingsChanged) {
+  if (form.edFile.empty()) return SessionFileOutcome::None;
   const std::string path = fs_.AbsolutePath(form.edFile);
-  if (!fs_.Exists(path)) return false;  // saving will create it
+  if (!fs_.Exists(path)) return SessionFileOutcome::None;  // saving will create it
   // A folder, device, FIFO or socket is no session: the reader refuses it at once, so
   // there is nothing to ask, and the settings stay as changed as they were.
   const bool file = fs_.FileExists(path);
@@ -67,17 +67,23 @@ bool PageChecks::SessionFileLeft(session::FormState& form, session::SessionIo io
     const MsgAnswer answer = prompter_.Show({LoadResString(kLoadSessionQuestion),
                                              MsgButtons::YesNoCancel, MsgIcon::Question,
                                              LoadResString(kAppTitle)});
-    if (answer == MsgAnswer::Cancel) return true;
-    if (answer == MsgAnswer::No) return false;  // the file is overwritten on the next save
+    if (answer == MsgAnswer::Cancel) return SessionFileOutcome::Refocus;
+    // The file is overwritten on the next save.
+    if (answer == MsgAnswer::No) return SessionFileOutcome::None;
   }
   std::string message;
-  if (!session::LoadSession(form, io, path, message)) {
-    // The reader gives no text for a file that ends too early: an empty box helps nobody.
-    Tell(message.empty() ? session::IncompleteSessionMessage(path) : message,
-         MsgIcon::Exclamation);
+  const bool loaded = session::LoadSession(form, io, path, message);
+  if (!file) {
+    Tell(message, MsgIcon::Exclamation);
+    return SessionFileOutcome::None;
   }
-  if (file) settingsChanged = false;
-  return false;
+  settingsChanged = false;
+  if (loaded) return SessionFileOutcome::Loaded;
+  // The reader gives no text for a file that ends too early: an empty box helps nobody.
+  Tell(message.empty() ? session::IncompleteSessionMessage(path)
+                       : session::UnreadSessionMessage(path, message),
+       MsgIcon::Exclamation);
+  return SessionFileOutcome::Unread;
 }
 
 void PageChecks::LocationLeft(session::FormState& form) {

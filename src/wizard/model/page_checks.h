@@ -19,6 +19,14 @@ struct PageCheckOptions {
   bool tellMissingFolder = false;
 };
 
+// What leaving the session-file field came to.
+enum class SessionFileOutcome {
+  None,     // nothing was read: no file there, the settings kept, or no session file at all
+  Refocus,  // the user cancelled: the focus goes back to edFile
+  Loaded,
+  Unread,   // the file could not be read completely: what was read of it is in the form
+};
+
 class PageChecks : public session::FieldHandlers {
  public:
   // Not owned; they must outlive the checks.
@@ -27,11 +35,12 @@ class PageChecks : public session::FieldHandlers {
 
   // edFile lost the focus. An existing session file is loaded; when `settingsChanged`
   // the user is asked first (Yes loads, No keeps the settings, Cancel keeps them too).
-  // A failed load is told in the reader's words, or as "'…' is not a complete session
-  // file: …" where the reader gives none. After a load attempt `settingsChanged` is
-  // false. A folder, device, FIFO or socket gets the reader's failure at once, without
-  // the question. True when the focus must go back to edFile (the user cancelled).
-  bool SessionFileLeft(session::FormState& form, session::SessionIo io, bool& settingsChanged);
+  // A failed load is told naming the file: "'…' could not be read completely: " and the
+  // reader's words, or "'…' is not a complete session file: …" where the reader gives
+  // none. After a load attempt `settingsChanged` is false. A folder, device, FIFO or
+  // socket gets the reader's failure at once, without the question.
+  SessionFileOutcome SessionFileLeft(session::FormState& form, session::SessionIo io,
+                                     bool& settingsChanged);
 
   // edLocation lost the focus: sets theName and theLocation from the project path and
   // enables Finish; warns when the project's object is registered already. When the

@@ -30,4 +30,14 @@ std::string DefaultSessionFile(const platform::FileSystem& fs, std::string_view 
   }
 }
 
+std::string NumberedSessionFile(const platform::FileSystem& fs, std::string_view path) {
+  const std::string extension = platform::ExtensionName(path);
+  const std::string stem = JoinPath(platform::ParentFolder(path), platform::BaseName(path));
+  for (long n = 2;; ++n) {
+    std::string numbered = stem + " " + std::to_string(n);
+    if (!extension.empty()) numbered += "." + extension;
+    if (!fs.Exists(numbered)) return numbered;
+  }
+}
+
 }  // namespace wizard

@@ -31,4 +31,9 @@ SessionsFolderChoice PrepareSessionsFolder(platform::FileSystem& fs, PageChecks&
 // file does not exist there. Nothing is written.
 std::string DefaultSessionFile(const platform::FileSystem& fs, std::string_view folder);
 
+// The path of "<name> <n>.<extension>" beside `path` ("<folder>\<name>.<extension>") for
+// the first n = 2, 3, ... at which nothing exists: where a session goes that must not
+// replace the file at `path`. Nothing is written.
+std::string NumberedSessionFile(const platform::FileSystem& fs, std::string_view path);
+
 }  // namespace wizard

@@ -6,6 +6,7 @@
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
 #include "session/code_page_notice.h"
+#include "session/record_check.h"
 #include "vbrt/compare.h"
 #include "vbrt/error.h"
 #include "wizard/model/session_folder.h"
@@ -118,6 +119,21 @@ Field FieldOf(Browse button) {
   return Field::File;  // not reached
 }
 
+// The path fields and the record's text fields they set.
+constexpr std::pair<Field, session::TextField> kPathFields[] = {
+    {Field::Location, session::TextField::Location},
+    {Field::Model, session::TextField::Model},
+    {Field::Data, session::TextField::Data},
+    {Field::Sketch, session::TextField::Sketch},
+};
+
+// Why a path is not taken, "" when it is: a path written with "?" leads nowhere, and a
+// control character cuts it short where the files are opened.
+std::string PathRefusal(std::string_view path) {
+  std::string refusal = session::CodePagePathRefusal(path);
+  return refusal.empty() ? session::ControlCharacterPathRefusal(path) : refusal;
+}
+
 // The hourglass for as long as the start-up runs, whichever way it ends.
 class BusyPointer {
  public:
@@ -139,6 +155,7 @@ class BusyPointer {
 WizardForm::WizardForm(FormServices services)
     : services_(std::move(services)),
       checks_(services_.fs, services_.registry, services_.prompter),
+      saver_(services_.fs, services_.prompter),
       inputs_(state_.lvInput, services_.prompter),
       outputs_(state_, services_.prompter) {
   Load();
@@ -386,7 +403,7 @@ bool WizardForm::Cancel() {
   const MsgAnswer answer = services_.prompter.Show(
       {LoadResString(kExitQuestion), MsgButtons::YesNo, MsgIcon::Question, appTitle_});
   if (answer != MsgAnswer::Yes) return false;
-  if (!SaveSessionOrTell()) return false;
+  if (SaveSession(SaveReason::Cancel) == SaveOutcome::Back) return false;
   ReleaseZX();
   Wizard* const addIn = AddIn;
   if (!addIn) return false;
@@ -396,7 +413,7 @@ bool WizardForm::Cancel() {
 
 bool WizardForm::Finish() {
   if (!state_.btnFinishEnabled) return false;
-  if (!SaveSessionOrTell()) return false;
+  if (SaveSession(SaveReason::Finish) == SaveOutcome::Back) return false;
   HideForm();
   bool generated = false;
   try {
@@ -424,7 +441,7 @@ bool WizardForm::TextEdited(Field field, std::string text) {
     // A path written with "?" leads nowhere; the session's own path is no such text, as
     // it is never written in the code page.
     editedFrom_.try_emplace(field, TextOf(state_, field));
-    std::string refusal = session::CodePagePathRefusal(text);
+    std::string refusal = PathRefusal(text);
     if (!refusal.empty()) {
       refusedPaths_[field] = {std::move(text), std::move(refusal)};
       // Keystrokes taken before the refusal made no path the user meant either.
@@ -456,12 +473,26 @@ void WizardForm::FieldLeft(Field field) {
   if (untouched_.erase(field) > 0) return;
   if (refusedPaths_.contains(field)) return;  // nothing was taken, so nothing is checked
   switch (field) {
-    case Field::File:
+    case Field::File: {
       refusedPaths_.clear();  // a loaded session sets the paths anew
-      if (checks_.SessionFileLeft(state_, Io(), SettingsChanged) && view_) {
-        view_->FocusControl("edFile");
+      std::map<Field, std::string> before;
+      for (const auto& [path, unused] : kPathFields) before[path] = TextOf(state_, path);
+      switch (checks_.SessionFileLeft(state_, Io(), SettingsChanged)) {
+        case SessionFileOutcome::Refocus:
+          if (view_) view_->FocusControl("edFile");
+          break;
+        case SessionFileOutcome::Unread:
+          saver_.LoadFailed(state_.edFile);
+          RefuseLoadedPaths(before);
+          break;
+        case SessionFileOutcome::Loaded:
+          RefuseLoadedPaths(before);
+          break;
+        case SessionFileOutcome::None:
+          break;
       }
       break;
+    }
     case Field::Location:
       checks_.LocationLeft(state_);
       break;
@@ -530,11 +561,23 @@ void WizardForm::HideForm() {
   if (view_) view_->HideForm();
 }
 
-bool WizardForm::SaveSessionOrTell() {
-  std::string message;
-  if (session::SaveSession(state_, Io(), state_.edFile, message)) return true;
-  Tell(message, MsgIcon::Exclamation, appTitle_);
-  return false;
+SaveOutcome WizardForm::SaveSession(SaveReason reason) {
+  return saver_.Save(state_, Io(), reason, [this]() -> std::optional<std::string> {
+    if (!view_) return std::nullopt;
+    FileDialogSetup setup = BrowseSetup(Browse::File);
+    setup.initialFolder = sessionsFolder_;
+    setup.fileName = DefaultSessionFile(services_.fs, sessionsFolder_);
+    return view_->AskSaveFile(setup);
+  });
+}
+
+void WizardForm::RefuseLoadedPaths(const std::map<Field, std::string>& before) {
+  for (const auto& [field, text] : kPathFields) {
+    std::string refusal = PathRefusal(TextOf(state_, field));
+    if (refusal.empty()) continue;
+    refusedPaths_[field] = {TextOf(state_, field), std::move(refusal)};
+    state_.SetText(text, before.at(field));
+  }
 }
 
 void WizardForm::Tell(const std::string& text, MsgIcon icon, const std::string& title) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -25,11 +26,13 @@
 #include "wizard/model/input_page.h"
 #include "wizard/model/output_page.h"
 #include "wizard/model/page_checks.h"
+#include "wizard/model/session_saver.h"
 
 namespace wizard {
 
 class Wizard;
 class WizardForm;
+struct FileDialogSetup;
 
 inline constexpr int16_t kPageCount = 8;  // pages 0 (introduction) to 7 (finish)
 
@@ -66,6 +69,9 @@ class WizardView {
   virtual void FocusControl(std::string_view control) = 0;
   // The form's state changed: show it again (page, buttons, texts, lists).
   virtual void Repaint() = 0;
+  // Opens the save-file dialog as `setup` says: the chosen file's full path (the dialog
+  // has asked before one that exists is replaced), or nullopt when the user cancelled.
+  virtual std::optional<std::string> AskSaveFile(const FileDialogSetup& setup) = 0;
 };
 
 // Creates the analysis application; nullptr (or a thrown error) when it cannot be started.
@@ -204,14 +210,18 @@ class WizardForm {
   // no page.
   std::string_view HelpTopic() const;
   // Both return true when the wizard was closed: the form no longer exists then and
-  // the caller must not touch it (nor the view it owned) again.
+  // the caller must not touch it (nor the view it owned) again. Both save the session
+  // first; a save that fails offers another session file, going on without saving, or
+  // the wizard again, and a session file that could not be read completely is not
+  // replaced without asking (see SessionSaver).
   bool Cancel();
   bool Finish();
   // The user typed into a field; nothing is checked until the field is left. A project,
-  // model, data or sketch path holding characters that the code page cannot hold is not
-  // taken: the field shows it with FieldNotice saying why, the record goes back to the
-  // path it had before the user began typing into the field, and leaving the field checks
-  // nothing. False then.
+  // model, data or sketch path holding characters that the code page cannot hold, or a
+  // control character, is not taken: the field shows it with FieldNotice saying why, the
+  // record goes back to the path it had before the user began typing into the field, and
+  // leaving the field checks nothing. False then. A session loaded with such a path is
+  // treated alike: the field keeps the path it had before the load.
   bool TextEdited(Field field, std::string text);
   // What the field shows: its text in the record, or the path it did not take.
   const std::string& FieldText(Field field) const;
@@ -242,7 +252,10 @@ class WizardForm {
   void SetCaptions();
   void ChangePage(int delta);
   void FocusFirstControl();
-  bool SaveSessionOrTell();
+  SaveOutcome SaveSession(SaveReason reason);
+  // After a session was loaded: each path it set that cannot be taken is refused, and its
+  // field goes back to the path it had `before` the load (by field).
+  void RefuseLoadedPaths(const std::map<Field, std::string>& before);
   void Tell(const std::string& text, platform::MsgIcon icon, const std::string& title);
   void ReleaseZX();
   void Repaint();
@@ -250,6 +263,7 @@ class WizardForm {
   FormServices services_;
   session::FormState state_;
   PageChecks checks_;
+  SessionSaver saver_;
   InputPage inputs_;
   OutputPage outputs_;
   BasicFilesPicture picture_;

@@ -122,11 +122,12 @@ inline constexpr int kNotSavedChoicesOnCancel = 14012;
 inline constexpr int kNotSavedChoicesOnFinish = 14013;
 inline constexpr int kCloseUnsavedQuestion = 14014;
 inline constexpr int kGenerateUnsavedQuestion = 14015;
-// Saving over a session file that could not be read: Before + path + Middle + the
-// numbered file beside it + After.
+// Saving over a session file that could not be read: Before + path + After, then a line
+// Choices + the numbered file beside it + ChoicesEnd.
 inline constexpr int kUnreadSessionBefore = 14016;
-inline constexpr int kUnreadSessionMiddle = 14017;
-inline constexpr int kUnreadSessionAfter = 14018;
+inline constexpr int kUnreadSessionAfter = 14017;
+inline constexpr int kUnreadSessionChoices = 14018;
+inline constexpr int kUnreadSessionChoicesEnd = 14019;
 
 // Generation: progress window, questions and results.
 inline constexpr int kProgressCaption = 10015;

@@ -373,7 +373,7 @@ TEST_F(WizardTest, ASessionThatFailedToLoadIsNotReplacedWithoutAsking) {
     ASSERT_EQ(prompter_.shown.size(), 2u);
     EXPECT_EQ(prompter_.shown[1].text,
               "The session file '" + broken + "' could not be read completely when it was "
-              "loaded; saving the session replaces it, and what could not be read is lost. "
+              "loaded; saving the session replaces it, and what could not be read is lost.\n"
               "Click Yes to replace it. Click No to save the session as '" +
                   InScratch("Broken 3.bvg") + "' instead. Click Cancel to go back to the wizard.");
     EXPECT_EQ(prompter_.shown[1].buttons, MsgButtons::YesNoCancel);

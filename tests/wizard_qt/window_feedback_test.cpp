@@ -1,7 +1,8 @@
 // What the window tells beside what is typed (why OK is off, what the code page cannot
-// hold), what it does after a broken session file, and how its pages and pictures fit
-// what they show.
+// hold), what it does after a broken session file or a session that cannot be saved, and
+// how its pages and pictures fit what they show.
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QtTest>
 #include <filesystem>
@@ -21,6 +22,11 @@ using wizard_test::Type;
 using wizard_test::WizardFixture;
 
 namespace {
+
+std::string ReadFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
 
 // The notice line's text, "" while it is hidden.
 QString NoticeOf(const WizardFixture& ui, const char* label) {
@@ -113,32 +119,68 @@ class WindowFeedbackTest : public QObject {
              QStringList({"Length 长度", "Geometrical", "l", "", "2", "10", "2"}));
   }
 
-  void aBrokenSessionFileIsExplainedAndTrapsNothing() {
+  void aBrokenSessionFileIsExplainedAndNotReplacedWithoutAsking() {
     WizardFixture ui;
     ui.Connect();
     const std::string broken = ui.Path("Broken.bvg");
     // Cut off after a whole section: the reader gives no message of its own.
-    std::ofstream(broken, std::ios::binary)
-        << "[GENERAL]\r\nAPPLICATION=Zentrix Bravant ExploringObject Wizard\r\nAUTHOR=cut\r\n\r\n";
+    const std::string cut =
+        "[GENERAL]\r\nAPPLICATION=Zentrix Bravant ExploringObject Wizard\r\nAUTHOR=cut\r\n\r\n";
+    std::ofstream(broken, std::ios::binary) << cut;
     ui.GoToPage(1);
     ui.prompter.Answer(MsgAnswer::Yes);
     ui.TypeAndLeave("edFile", broken);
     QCOMPARE(ui.prompter.shown.back().text, session::IncompleteSessionMessage(broken));
     QCOMPARE(ui.Control<QLineEdit>("edAuthor")->text(), QString("cut"));  // what was read stays
 
-    // Finish and Cancel save the session again, over the broken file.
+    // Finish asks before it saves over the broken file: Cancel goes back, No saves beside it.
     ui.GoToPage(2);
     ui.TypeAndLeave("edLocation", ui.Path("Demo.vbp"));
     ui.GoToPage(7);
     ui.generationResult = false;
+    ui.prompter.Answer(MsgAnswer::Cancel);
+    ui.Click("btnFinish");
+    QCOMPARE(ui.generations, 0);
+    QVERIFY(ui.prompter.shown.back().text.starts_with("The session file '" + broken + "'"));
+    ui.prompter.Answer(MsgAnswer::No);
     ui.Click("btnFinish");
     QCOMPARE(ui.generations, 1);
+    const std::string beside = ui.Path("Broken 2.bvg");
+    QCOMPARE(ui.Control<QLineEdit>("edFile")->text(), QString::fromStdString(beside));
+    // Cancel saves there again, without a question, and the broken file stays as it was.
     ui.prompter.Answer(MsgAnswer::Yes);
     ui.Click("btnCancel");
     QVERIFY(ui.addIn.Form() == nullptr);
-    std::ifstream saved(broken, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(saved), {}};
-    QVERIFY(bytes.ends_with("[END]\r\n"));
+    QCOMPARE(ui.prompter.Pending(), 0u);
+    QCOMPARE(ReadFile(broken), cut);
+    QVERIFY(ReadFile(beside).ends_with("[END]\r\n"));
+  }
+
+  void aSessionThatCannotBeSavedOffersASaveDialog() {
+    WizardFixture ui;
+    ui.Connect();
+    ui.GoToPage(1);
+    ui.TypeAndLeave("edFile", ui.Path(""));  // a folder: no session can be written there
+    ui.prompter.shown.clear();                 // nor read from there
+    const std::string chosen = ui.Path("Elsewhere.bvg");
+    auto ran = OnNextDialog([&](QDialog& dialog) {
+      auto& files = static_cast<QFileDialog&>(dialog);
+      QCOMPARE(files.acceptMode(), QFileDialog::AcceptSave);
+      QCOMPARE(files.directory().absolutePath(),
+               QString::fromStdString(ui.Path("program/WizardSessions")));
+      QCOMPARE(files.selectedFiles().value(0),
+               QString::fromStdString(ui.Path("program/WizardSessions/Generation1.bvg")));
+      files.selectFile(QString::fromStdString(chosen));
+      dialog.accept();  // QFileDialog's own accept, which takes the file name typed
+    });
+    ui.prompter.Answer(MsgAnswer::Yes);  // exit
+    ui.prompter.Answer(MsgAnswer::Yes);  // another session file
+    ui.Click("btnCancel");
+    QVERIFY(*ran);
+    QVERIFY(ui.addIn.Form() == nullptr);
+    QVERIFY(ui.prompter.shown[1].text.find("Click No to close the wizard without saving it.") !=
+            std::string::npos);
+    QVERIFY(ReadFile(chosen).ends_with("[END]\r\n"));
   }
 
   void outputListsShowTheirLongestTextsAtTheDefaultSize() {

@@ -4,8 +4,11 @@
 # file named on the session page and loaded on Yes, a project path in a folder the code
 # page cannot hold and then a good one, an author and parameters with characters it cannot
 # hold, an input parameter through the dialog with a refused variable, Min above Max and a
-# Default that is no number, a standard and a custom output, Finish. Then it checks what
-# was written: the session over the broken file, ordered limits, the generated project.
+# Default that is no number, a standard and a custom output, Finish, asked before the
+# broken file is replaced. Then it checks what was written: the session over the broken
+# file, ordered limits, the generated project. Before that, a shorter session: a session
+# file cut short, loaded, then Cancel, answered No when asked whether to replace it; the
+# cut file stays and the session goes beside it.
 #
 #   tests/x11/drive_wizard.sh EOWIZARD WORKDIR
 #
@@ -110,12 +113,59 @@ for c in é ü 张 伟 项 目 长 度 力; do
   i=$((i + 1))
 done
 
+# Starts the wizard; its process id in $app.
+start_wizard() {
+  HOME="$work/home" XDG_DATA_HOME="$work/data" QT_QPA_PLATFORM=xcb \
+    EOWIZARD_REGISTRY="$repo/examples/registry/demo-host.reg" \
+    "$program" >>"$work/eowizard.log" 2>&1 &
+  app=$!
+  pids+=("$app")
+}
+# Waits until the wizard has ended, without an error.
+ended() {
+  for _ in $(seq 100); do
+    kill -0 "$app" 2>/dev/null || break
+    sleep 0.2
+  done
+  kill -0 "$app" 2>/dev/null && fail "the wizard did not close after $1"
+  wait "$app" || fail "the wizard ended with $?"
+}
+# Presses $2 in the next box titled as every box is, after a look at it named $1.
+answer_box() {
+  local box
+  box=$(window "$box_title")
+  focus "$box"
+  shot "$box" "$1"
+  key "$2"
+  closed "$box"
+}
+
+# --- A session cut inside its second input, loaded, then Cancel: the question before it
+# is replaced is answered No, so the session goes beside it and the cut file stays ---
+cut="$work/Cut.bvg"
+printf '[GENERAL]\r\nAPPLICATION=%s\r\nAUTHOR=cut\r\n\r\n[INPUT]\r\nDESCRIPTION=Gap\r\nTYPE=Geometrical\r\n\r\n[INPUT]\r\nDESCRIPTION=Wi' \
+  "$box_title" >"$cut"
+cp "$cut" "$work/Cut.orig"
+start_wizard
+w=$(window "$wizard_title")
+xdotool windowactivate --sync "$w"
+key alt+n
+click "$w" 600 93 --repeat 3
+type_text "$cut"
+key Tab
+answer_box cut-load-question Return
+answer_box cut-read-failure Return
+focus "$w"
+key Escape
+answer_box cut-exit-question Return
+answer_box cut-replace-question alt+n
+ended Cancel
+cmp -s "$cut" "$work/Cut.orig" || fail "the cut session was changed"
+grep -qaF "DESCRIPTION=Gap" "$work/Cut 2.bvg" || fail "no session saved beside the cut one"
+grep -qaF "[END]" "$work/Cut 2.bvg" || fail "the session beside the cut one is incomplete"
+
 # --- The session ---
-HOME="$work/home" XDG_DATA_HOME="$work/data" QT_QPA_PLATFORM=xcb \
-  EOWIZARD_REGISTRY="$repo/examples/registry/demo-host.reg" \
-  "$program" >"$work/eowizard.log" 2>&1 &
-app=$!
-pids+=("$app")
+start_wizard
 
 w=$(window "$wizard_title")
 xdotool windowactivate --sync "$w"
@@ -198,20 +248,14 @@ gone "Custom output parameter"
 focus "$w"
 shot "$w" outputs
 
-# Page 7: Finish saves the session over the broken file and generates the project.
+# Page 7: Finish asks before it saves the session over the broken file (Yes), and
+# generates the project.
 key alt+n
 shot "$w" finish
 key alt+f
-done_box=$(window "$box_title")
-shot "$done_box" generated
-focus "$done_box"
-key Return
-for _ in $(seq 100); do
-  kill -0 "$app" 2>/dev/null || break
-  sleep 0.2
-done
-kill -0 "$app" 2>/dev/null && fail "the wizard did not close after Finish"
-wait "$app" || fail "the wizard ended with $?"
+answer_box replace-question Return
+answer_box generated Return
+ended Finish
 
 # --- What was written ---
 expect() { grep -qaF -- "$1" "$2" || fail "$2 lacks '$1'"; }

@@ -36,8 +36,8 @@ SaveOutcome SessionSaver::Save(session::FormState& form, session::SessionIo io,
     if (!path.empty() && unread_.contains(Key(path))) {
       const std::string beside = NumberedSessionFile(fs_, fs_.AbsolutePath(path));
       const MsgAnswer answer =
-          Ask(LoadResString(kUnreadSessionBefore) + path + LoadResString(kUnreadSessionMiddle) +
-                  beside + LoadResString(kUnreadSessionAfter),
+          Ask(Compose(kUnreadSessionBefore, path, kUnreadSessionAfter) + "\n" +
+                  Compose(kUnreadSessionChoices, beside, kUnreadSessionChoicesEnd),
               MsgButtons::YesNoCancel, MsgIcon::Exclamation);
       if (answer == MsgAnswer::No) {
         path = beside;

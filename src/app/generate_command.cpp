@@ -168,6 +168,11 @@ int RunGenerate(const GenerateOptions& options) {
     checks.CreateFolderPath(fs.AbsolutePath(platform::ParentFolder(options.project)));
     form.SetText(session::TextField::Location, options.project);
   }
+  // Refused before the folder checks below, which a path cut short at a NUL would mislead.
+  if (const std::string refused = session::RefusedPathField(form); !refused.empty()) {
+    std::cerr << "eowizard: " << refused << "\n";
+    return 1;
+  }
   if (form.theLocation.empty() || form.theName.empty()) {
     std::cerr << "eowizard: no project to generate: '" << form.edLocation
               << "' does not name a project file in an existing folder (see --project)\n";

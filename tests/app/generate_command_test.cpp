@@ -107,8 +107,8 @@ TEST_F(GenerateCommandTest, AWeekOfTheEngineersWork) {
        .err = {"--dry-run"}, .writesNothing = true, .markers = 1},
       {.what = "a project path holding a NUL", .arguments = nul + kRegistry + " --answer yes",
        .exitCode = 1,
-       .out = {"Error: PROJECT: The path holds the control character NUL (code 0), which no "
-               "file name can hold"},
+       .err = {"eowizard: PROJECT: The path holds the control character NUL (code 0), which "
+               "no file name can hold"},
        .writesNothing = true, .markers = 1},
   };
   for (const Step& step : steps) {

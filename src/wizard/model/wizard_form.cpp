@@ -476,7 +476,9 @@ void WizardForm::FieldLeft(Field field) {
     case Field::File: {
       refusedPaths_.clear();  // a loaded session sets the paths anew
       std::map<Field, std::string> before;
-      for (const auto& [path, unused] : kPathFields) before[path] = TextOf(state_, path);
+      for (const auto& [pathField, unused] : kPathFields) {
+        before[pathField] = TextOf(state_, pathField);
+      }
       switch (checks_.SessionFileLeft(state_, Io(), SettingsChanged)) {
         case SessionFileOutcome::Refocus:
           if (view_) view_->FocusControl("edFile");

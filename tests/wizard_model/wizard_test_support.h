@@ -117,6 +117,10 @@ class WizardTest : public testing::Test {
           formShownWhileGenerating_ = view_.formShown;
           generatedLocation_ = form.State().theLocation;
           return generationSucceeds_;
+        },
+        [this](WizardForm& form) {
+          ++previews_;
+          previewHelpTopic_ = form.HelpTopic();
         }});
     view_ = ViewLog{};
     form->AttachView(std::make_unique<RecordingView>(view_));
@@ -152,6 +156,8 @@ class WizardTest : public testing::Test {
   bool generationSucceeds_ = true;
   bool generationThrows_ = false;
   int generations_ = 0;
+  int previews_ = 0;
+  std::string_view previewHelpTopic_;  // the help in view while the preview was shown
   bool formShownWhileGenerating_ = false;
   std::string generatedLocation_;
 

@@ -33,6 +33,7 @@ constexpr Caption kCaptions[] = {
     {"btnBack", kBackButton},
     {"btnNext", kNextButton},
     {"btnFinish", kFinishButton},
+    {"btnPreview", kPreviewButton},
     {"lblIntro_Caption", kIntroHeading},
     {"lblIntro(0)", kIntroText1},
     {"lblIntro(1)", kIntroText2},
@@ -285,7 +286,7 @@ void WizardForm::RefreshStep() {
         // the opposite of the text.
         finishPicture_ = FinishPicture::NotYet;
       }
-      tabOrder_ = InOrder({"btnFinish", "btnHelp", "btnCancel"});
+      tabOrder_ = InOrder({"btnFinish", "btnPreview", "btnHelp", "btnCancel"});
       break;
     default:
       break;
@@ -360,7 +361,8 @@ void WizardForm::FocusFirstControl() {
     const bool enabled = stop.control == "btnBack"     ? backEnabled_
                          : stop.control == "btnNext"   ? nextEnabled_
                          : stop.control == "btnFinish" ? state_.btnFinishEnabled
-                                                       : true;
+                         : stop.control == "btnPreview" ? PreviewEnabled()
+                                                        : true;
     if (enabled) {
       for (const auto& [name, field] : kFieldControls) {
         if (name == stop.control) untouched_.insert(field);
@@ -373,6 +375,7 @@ void WizardForm::FocusFirstControl() {
 
 std::string_view WizardForm::HelpTopic() const {
   if (outputs_.Dialog().shown) return kCustomOutputHelpTopic;
+  if (previewShown_) return kPreviewHelpTopic;
   if (CurrentStep < 0 || CurrentStep >= kPageCount) return {};
   return kPageHelpTopics[CurrentStep];
 }
@@ -416,6 +419,17 @@ bool WizardForm::Finish() {
   ShowForm();
   Repaint();
   return false;
+}
+
+bool WizardForm::PreviewVisible() const {
+  return services_.preview && CurrentStep == kPageCount - 1;
+}
+
+void WizardForm::Preview() {
+  if (!PreviewEnabled()) return;
+  previewShown_ = true;
+  services_.preview(*this);
+  previewShown_ = false;
 }
 
 bool WizardForm::TextEdited(Field field, std::string text) {

@@ -1,0 +1,83 @@
+#include "generator/dry_run_report.h"
+
+#include <algorithm>
+
+#include "generator/merge_report.h"
+#include "vbrt/codepage.h"
+
+namespace generator {
+namespace {
+
+using platform::SavedFile;
+using platform::SaveChoice;
+
+const SavedFile* SavedAs(const std::vector<SavedFile>& saved, const std::string& path) {
+  const auto it = std::find_if(saved.begin(), saved.end(),
+                               [&](const SavedFile& file) { return file.path == path; });
+  return it == saved.end() ? nullptr : &*it;
+}
+
+std::string Outcome(const SavedFile& file) {
+  switch (file.choice) {
+    case SaveChoice::Create: return "created";
+    case SaveChoice::Overwrite: return "overwritten";
+    case SaveChoice::NewName: return "written under a new name";
+    case SaveChoice::Merge:
+      return file.conflicts.empty() ? "merged cleanly" : "merged with " + ConflictsText(file.conflicts);
+  }
+  return "";
+}
+
+}  // namespace
+
+bool DryRunReport::HasConflicts() const {
+  return std::any_of(entries.begin(), entries.end(),
+                     [](const DryRunEntry& entry) { return !entry.conflicts.empty(); });
+}
+
+std::string Displayed(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size());
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') continue;
+    text += bytes[i];
+  }
+  return vbrt::FromAnsi(text);
+}
+
+std::string ConflictsText(const std::vector<platform::MergeConflict>& conflicts) {
+  const std::size_t n = conflicts.size();
+  return std::to_string(n) + (n == 1 ? " conflict" : " conflicts") + " (lines " +
+         ConflictLines(conflicts) + ")";
+}
+
+std::vector<DryRunEntry> DryRunEntries(const platform::FileSystem& fs,
+                                       const std::vector<std::string>& createdFolders,
+                                       const std::vector<std::string>& written,
+                                       const std::vector<SavedFile>& saved) {
+  std::vector<DryRunEntry> entries;
+  entries.reserve(createdFolders.size() + written.size());
+  for (const std::string& folder : createdFolders) {
+    entries.push_back({.path = fs.ToNative(folder).string(), .outcome = "folder created"});
+  }
+  for (const std::string& path : written) {
+    DryRunEntry entry{.path = fs.ToNative(path).string(), .outcome = "copied"};
+    if (const SavedFile* file = SavedAs(saved, path)) {
+      entry.outcome = Outcome(*file);
+      entry.generated = true;
+      entry.choice = file->choice;
+      entry.before = Displayed(file->before);
+      entry.after = Displayed(file->after);
+      entry.conflicts = file->conflicts;
+    }
+    entries.push_back(std::move(entry));
+  }
+  return entries;
+}
+
+std::string DiffOf(platform::TextMerger& merger, const DryRunEntry& entry, bool colour) {
+  return merger.UnifiedDiff(entry.before, entry.after, entry.path + " (on disk)",
+                            entry.path + " (after the generation)", colour);
+}
+
+}  // namespace generator

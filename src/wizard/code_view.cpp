@@ -1,0 +1,163 @@
+#include "wizard/code_view.h"
+
+#include <QFontDatabase>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QTextBlock>
+#include <algorithm>
+
+#include "wizard/code_highlighter.h"
+
+namespace wizard {
+
+class LineNumberMargin : public QWidget {
+ public:
+  explicit LineNumberMargin(CodeView* view) : QWidget(view), view_(view) {}
+  QSize sizeHint() const override { return {view_->MarginWidth(), 0}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override { view_->PaintMargin(event); }
+
+ private:
+  CodeView* view_;
+};
+
+namespace {
+
+int Digits(int number) {
+  int digits = 1;
+  while (number >= 10) {
+    number /= 10;
+    ++digits;
+  }
+  return digits;
+}
+
+// "@@ -12,7 +13,8 @@": the first lines of a hunk on disk (12) and after (13).
+bool ReadHunkHead(QStringView line, int& before, int& after) {
+  if (!line.startsWith(u"@@ -")) return false;
+  const qsizetype plus = line.indexOf(u" +");
+  if (plus < 0) return false;
+  const auto number = [&](qsizetype at) {
+    qsizetype end = at;
+    while (end < line.size() && line[end].isDigit()) ++end;
+    return line.mid(at, end - at).toInt();
+  };
+  before = number(4);
+  after = number(plus + 2);
+  return true;
+}
+
+}  // namespace
+
+CodeView::CodeView(QWidget* parent)
+    : QPlainTextEdit(parent),
+      margin_(new LineNumberMargin(this)),
+      highlighter_(new CodeHighlighter(document())),
+      kind_(CodeText::Plain) {
+  setReadOnly(true);
+  setLineWrapMode(QPlainTextEdit::NoWrap);
+  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  connect(this, &QPlainTextEdit::updateRequest, this, &CodeView::UpdateMargin);
+  connect(this, &QPlainTextEdit::blockCountChanged, this,
+          [this] { setViewportMargins(MarginWidth(), 0, 0, 0); });
+}
+
+void CodeView::ShowText(const QString& text, CodeText kind) {
+  kind_ = kind;
+  before_.clear();
+  after_.clear();
+  int largest = 0;
+  if (kind == CodeText::UnifiedDiff) {
+    int before = 0;
+    int after = 0;
+    for (QStringView line : QStringView(text).split(u'\n')) {
+      int shownBefore = 0;
+      int shownAfter = 0;
+      if (!ReadHunkHead(line, before, after) && !line.startsWith(u"--- ") &&
+          !line.startsWith(u"+++ ") && !line.isEmpty() && line[0] != u'\\') {
+        if (line[0] != u'+') shownBefore = before++;
+        if (line[0] != u'-') shownAfter = after++;
+      }
+      before_.push_back(shownBefore);
+      after_.push_back(shownAfter);
+    }
+    largest = std::max(before, after);
+  } else {
+    largest = static_cast<int>(text.count(u'\n')) + 1;
+  }
+  digits_ = Digits(largest);
+  // Coloured once, with the whole text in place.
+  highlighter_->setDocument(nullptr);
+  setPlainText(text);
+  highlighter_->setDocument(document());
+  highlighter_->SetKind(kind);
+  setViewportMargins(MarginWidth(), 0, 0, 0);
+  margin_->update();
+}
+
+bool CodeView::FindText(const QString& text, bool backward) {
+  if (text.isEmpty()) return false;
+  const QTextDocument::FindFlags flags =
+      backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
+  if (find(text, flags)) return true;
+  // Round the end: from the other end of the text.
+  const QTextCursor kept = textCursor();
+  QTextCursor from(document());
+  from.movePosition(backward ? QTextCursor::End : QTextCursor::Start);
+  setTextCursor(from);
+  if (find(text, flags)) return true;
+  setTextCursor(kept);
+  return false;
+}
+
+QString CodeView::LineLabel(int block) const {
+  if (kind_ == CodeText::Plain) return {};
+  if (kind_ != CodeText::UnifiedDiff) return QString::number(block + 1);
+  if (block < 0 || static_cast<std::size_t>(block) >= before_.size()) return {};
+  const auto number = [this](int n) {
+    return n == 0 ? QString(digits_, u' ') : QString::number(n).rightJustified(digits_);
+  };
+  return number(before_[block]) + u' ' + number(after_[block]);
+}
+
+int CodeView::MarginWidth() const {
+  if (kind_ == CodeText::Plain) return 0;
+  const int characters = kind_ == CodeText::UnifiedDiff ? 2 * digits_ + 1 : digits_;
+  return 8 + fontMetrics().horizontalAdvance(u'9') * characters;
+}
+
+void CodeView::resizeEvent(QResizeEvent* event) {
+  QPlainTextEdit::resizeEvent(event);
+  const QRect area = contentsRect();
+  margin_->setGeometry(QRect(area.left(), area.top(), MarginWidth(), area.height()));
+}
+
+void CodeView::UpdateMargin(const QRect& rect, int dy) {
+  if (dy != 0) {
+    margin_->scroll(0, dy);
+  } else {
+    margin_->update(0, rect.y(), margin_->width(), rect.height());
+  }
+}
+
+void CodeView::PaintMargin(QPaintEvent* event) {
+  QPainter painter(margin_);
+  painter.fillRect(event->rect(), palette().color(QPalette::AlternateBase));
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  painter.setFont(font());
+  QTextBlock block = firstVisibleBlock();
+  int top = qRound(blockBoundingGeometry(block).translated(contentOffset()).top());
+  while (block.isValid() && top <= event->rect().bottom()) {
+    const int bottom = top + qRound(blockBoundingRect(block).height());
+    if (block.isVisible() && bottom >= event->rect().top()) {
+      painter.drawText(0, top, margin_->width() - 4, fontMetrics().height(), Qt::AlignRight,
+                       LineLabel(block.blockNumber()));
+    }
+    block = block.next();
+    top = bottom;
+  }
+}
+
+}  // namespace wizard

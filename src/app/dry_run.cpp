@@ -17,30 +17,46 @@ using platform::MsgAnswer;
 using platform::MsgButtons;
 using platform::MsgIcon;
 
-// Answers as --answer merge does and notes every question; of the messages it is told,
-// keeps those of a failure.
-class AssumedAnswers : public platform::Prompter {
+// Passes every message on and notes each question with the answer it got.
+class NotedQuestions : public platform::Prompter {
  public:
-  explicit AssumedAnswers(DryRunReport& report) : report_(report) {}
+  NotedQuestions(platform::Prompter& prompter, std::vector<AnsweredQuestion>& noted)
+      : prompter_(prompter), noted_(noted) {}
 
   MsgAnswer Show(const Message& message) override {
-    if (message.buttons == MsgButtons::OK) {
-      if (message.icon == MsgIcon::Critical) {
-        if (!report_.failure.empty()) report_.failure += "\n";
-        report_.failure += message.text;
-      }
-      return MsgAnswer::OK;
+    const MsgAnswer answer = prompter_.Show(message);
+    if (message.buttons != MsgButtons::OK) {
+      // Only the overwrite questions offer Merge or say which answer keeps the user's work.
+      const bool aboutFile =
+          message.buttons == MsgButtons::MergeYesNoCancel || message.keepsUserWork.has_value();
+      noted_.push_back({message.text, answer, aboutFile});
     }
-    const MsgAnswer answer = platform::PolicyAnswer(message, MsgAnswer::Merge);
-    // Only the overwrite questions offer Merge or say which answer keeps the user's work.
-    const bool aboutFile =
-        message.buttons == MsgButtons::MergeYesNoCancel || message.keepsUserWork.has_value();
-    report_.questions.push_back({message.text, answer, aboutFile});
     return answer;
   }
 
  private:
-  DryRunReport& report_;
+  platform::Prompter& prompter_;
+  std::vector<AnsweredQuestion>& noted_;
+};
+
+// Answers as --answer merge does; of the messages it is told, keeps a failure's.
+class AssumedAnswers : public platform::Prompter {
+ public:
+  explicit AssumedAnswers(std::string& failure) : failure_(failure) {}
+
+  MsgAnswer Show(const Message& message) override {
+    if (message.buttons != MsgButtons::OK) {
+      return platform::PolicyAnswer(message, MsgAnswer::Merge);
+    }
+    if (message.icon == MsgIcon::Critical) {
+      if (!failure_.empty()) failure_ += "\n";
+      failure_ += message.text;
+    }
+    return MsgAnswer::OK;
+  }
+
+ private:
+  std::string& failure_;
 };
 
 class NoProgress : public generator::ProgressSink {
@@ -57,30 +73,21 @@ class NoProgress : public generator::ProgressSink {
   void SetValue(float) override {}
 };
 
-// Each file that existed was asked about, in the order the files are saved.
-void NoteQuestionsBesideFiles(DryRunReport& report) {
-  auto question = report.questions.begin();
-  for (generator::DryRunEntry& entry : report.entries) {
-    if (!entry.generated || entry.choice == platform::SaveChoice::Create) continue;
-    while (question != report.questions.end() && !question->aboutFile) ++question;
-    if (question == report.questions.end()) return;
-    entry.question = *question++;
-  }
-}
-
 }  // namespace
 
 DryRunReport DryGeneration(session::FormState& form, const DryRunServices& services) {
   platform::VbFilesEnvironment environment(services.fs, services.registry, services.merger,
                                            platform::vbfiles::Saving::DryRun);
-  generator::Generator generator(environment, services.application, services.fs,
-                                 services.registry, services.prompter, services.progress);
   DryRunReport report;
+  NotedQuestions prompter(services.prompter, report.questions);
+  generator::Generator generator(environment, services.application, services.fs,
+                                 services.registry, prompter, services.progress);
   report.generated = generator.Generate(form);
   if (report.generated) {
     report.entries = generator::DryRunEntries(services.fs, services.fs.CreatedFolders(),
                                               generator.WrittenFiles(),
-                                              environment.GetRegeneration()->Saved());
+                                              environment.GetRegeneration()->Saved(),
+                                              report.questions);
   }
   return report;
 }
@@ -91,20 +98,18 @@ DryRunReport PreviewGeneration(const session::FormState& form, const platform::F
                                const platform::TextMergerSource& merger) {
   session::FormState settings = form;  // the generation writes FilesFolder
   platform::DryRunFileSystem dry(fs);
-  DryRunReport noted;
-  AssumedAnswers answers(noted);
+  std::string failure;
+  AssumedAnswers answers(failure);
   NoProgress progress;
   DryRunReport report;
   try {
     report = DryGeneration(settings, {dry, registry, answers, application, merger, progress});
   } catch (const vbrt::VbError& e) {
-    noted.failure = e.Description();
+    failure = e.Description();
   } catch (const std::exception& e) {
-    noted.failure = e.what();
+    failure = e.what();
   }
-  report.questions = std::move(noted.questions);
-  report.failure = std::move(noted.failure);
-  if (report.generated) NoteQuestionsBesideFiles(report);
+  report.failure = std::move(failure);
   return report;
 }
 

@@ -23,8 +23,9 @@ struct DryRunServices {
   generator::ProgressSink& progress;
 };
 
-// Generates the project of `form` (writing form.FilesFolder) in memory. The report's
-// entries are filled when the generation succeeded; on failure the prompter was told why.
+// Generates the project of `form` (writing form.FilesFolder) in memory. The report notes
+// every question and its answer; its entries are filled when the generation succeeded,
+// each with the question asked about it. On failure the prompter was told why.
 generator::DryRunReport DryGeneration(session::FormState& form, const DryRunServices& services);
 
 // What Finish would do with the settings of `form`, which stays as it is: a dry generation

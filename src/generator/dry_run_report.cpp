@@ -1,6 +1,7 @@
 #include "generator/dry_run_report.h"
 
 #include <algorithm>
+#include <map>
 
 #include "generator/merge_report.h"
 #include "vbrt/codepage.h"
@@ -54,7 +55,16 @@ std::string ConflictsText(const std::vector<platform::MergeConflict>& conflicts)
 std::vector<DryRunEntry> DryRunEntries(const platform::FileSystem& fs,
                                        const std::vector<std::string>& createdFolders,
                                        const std::vector<std::string>& written,
-                                       const std::vector<SavedFile>& saved) {
+                                       const std::vector<SavedFile>& saved,
+                                       const std::vector<AnsweredQuestion>& questions) {
+  std::map<std::string, const AnsweredQuestion*> askedAbout;
+  auto question = questions.begin();
+  for (const SavedFile& file : saved) {
+    if (file.choice == SaveChoice::Create) continue;
+    while (question != questions.end() && !question->aboutFile) ++question;
+    if (question == questions.end()) break;
+    askedAbout[file.path] = &*question++;
+  }
   std::vector<DryRunEntry> entries;
   entries.reserve(createdFolders.size() + written.size());
   for (const std::string& folder : createdFolders) {
@@ -69,6 +79,9 @@ std::vector<DryRunEntry> DryRunEntries(const platform::FileSystem& fs,
       entry.before = Displayed(file->before);
       entry.after = Displayed(file->after);
       entry.conflicts = file->conflicts;
+      if (const auto asked = askedAbout.find(path); asked != askedAbout.end()) {
+        entry.question = *asked->second;
+      }
     }
     entries.push_back(std::move(entry));
   }

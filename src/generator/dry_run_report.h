@@ -31,17 +31,17 @@ struct DryRunEntry {
   // (UTF-8, lines ended by LF); `before` is "" when there is no such file on disk.
   bool generated = false;
   platform::SaveChoice choice = platform::SaveChoice::Create;  // of a generated file
-  std::string before;
-  std::string after;
-  std::vector<platform::MergeConflict> conflicts;
-  // The question asked about this file, when one was asked and noted.
-  std::optional<AnsweredQuestion> question;
+  std::string before = "";
+  std::string after = "";
+  std::vector<platform::MergeConflict> conflicts = {};
+  // The question asked about this file, when one was asked.
+  std::optional<AnsweredQuestion> question = std::nullopt;
 };
 
 struct DryRunReport {
   bool generated = false;
   std::string failure;                     // what the run told when it failed
-  std::vector<AnsweredQuestion> questions;  // in the order they were asked, when noted
+  std::vector<AnsweredQuestion> questions;  // in the order they were asked
   std::vector<DryRunEntry> entries;         // folders made, then files in writing order
 
   bool HasConflicts() const;
@@ -55,12 +55,15 @@ std::string ConflictsText(const std::vector<platform::MergeConflict>& conflicts)
 
 // The entries of a completed dry run: the folders it would have made and the files it
 // wrote (the copies first, then class, module and project file, as the generator lists
-// them), with what its development environment kept of each saved file. Paths are shown
-// as `fs` maps them.
+// them), with what its development environment kept of each saved file and the question
+// asked about it. `questions` are the run's in the order asked: one about each saved file
+// that existed, in the order the files were saved, among others. Paths are shown as `fs`
+// maps them.
 std::vector<DryRunEntry> DryRunEntries(const platform::FileSystem& fs,
                                        const std::vector<std::string>& createdFolders,
                                        const std::vector<std::string>& written,
-                                       const std::vector<platform::SavedFile>& saved);
+                                       const std::vector<platform::SavedFile>& saved,
+                                       const std::vector<AnsweredQuestion>& questions);
 
 // The unified diff of a generated file from what is on disk to what the generation would
 // write, under "--- <path> (on disk)" and "+++ <path> (after the generation)". Throws as

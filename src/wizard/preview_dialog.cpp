@@ -108,7 +108,8 @@ QWidget* PreviewDialog::BuildFiles() {
   if (!report_.questions.empty()) {
     QString asked;
     for (const generator::AnsweredQuestion& question : report_.questions) {
-      asked += ToQt(question.text) + u"\n→ " + AnswerText(question.answer) + u"\n\n";
+      asked += ToQt(question.text) + QStringLiteral("\n→ ") + AnswerText(question.answer) +
+               QStringLiteral("\n\n");
     }
     auto* assumed = Text("lblAssumed", Res(resources::kPreviewAssumed));
     assumed->setToolTip(asked.trimmed());

@@ -143,15 +143,18 @@ class EndToEndTest : public QObject {
     auto ran = OnNextDialog([](QDialog& dialog) {
       auto* list = dialog.findChild<QTreeWidget*>("lvPreview");
       auto* text = dialog.findChild<QPlainTextEdit*>("txtPreview");
-      QCOMPARE(list->topLevelItemCount(), 4);  // the copy, class, module and project file
+      QCOMPARE(list->topLevelItemCount(), 5);  // two copies, class, module and project file
       QVERIFY(text->toPlainText().contains("\n+<<<<<<< Actuator.cls as you changed it\n"));
-      QVERIFY(wizard_test::RowTexts(*list, 1)[0].endsWith("/Actuator.cls"));
-      QCOMPARE(wizard_test::RowTexts(*list, 1).mid(1),
+      QVERIFY(wizard_test::RowTexts(*list, 2)[0].endsWith("/Actuator.cls"));
+      QCOMPARE(wizard_test::RowTexts(*list, 2).mid(1),
                QStringList({"merged with 1 conflict (lines 218-224)", "Merge"}));
       ClickCell(*list, 0, 0);
       QCOMPARE(text->toPlainText(), QString("A working copy of a basic file, copied as it is."));
-      ClickCell(*list, 1, 0);
+      ClickCell(*list, 2, 0);
+      dialog.activateWindow();
+      QVERIFY(QTest::qWaitForWindowActive(&dialog));
       QTest::keyClick(&dialog, Qt::Key_F, Qt::ControlModifier);
+      QCOMPARE(dialog.focusWidget()->objectName(), QString("edFind"));
       wizard_test::Type(dialog.focusWidget(), "Max = 6");
       QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
       QCOMPARE(text->textCursor().selectedText(), QString("Max = 6"));

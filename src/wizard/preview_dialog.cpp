@@ -60,6 +60,17 @@ class FindField : public QLineEdit {
   std::function<void(bool)> find_;
 };
 
+// The project's folder with its separator, as the paths of the report begin with it: the
+// list shows the paths below it.
+QString ProjectFolder(const generator::DryRunReport& report) {
+  for (auto entry = report.entries.rbegin(); entry != report.entries.rend(); ++entry) {
+    if (!entry->generated) continue;
+    const QString path = ToQt(entry->path);
+    return path.left(path.lastIndexOf(u'/') + 1);
+  }
+  return {};
+}
+
 }  // namespace
 
 PreviewDialog::PreviewDialog(generator::DryRunReport report, platform::TextMergerSource merger,
@@ -81,7 +92,7 @@ PreviewDialog::PreviewDialog(generator::DryRunReport report, platform::TextMerge
   PressOnF1(this, helpButton);
   for (auto* button : buttons->findChildren<QPushButton*>()) button->setAutoDefault(false);
   layout->addWidget(buttons);
-  resize(report_.generated ? QSize(1000, 640) : QSize(560, 220));
+  resize(report_.generated ? QSize(1140, 660) : QSize(560, 220));
 }
 
 QWidget* PreviewDialog::BuildFailure() {
@@ -121,10 +132,20 @@ QWidget* PreviewDialog::BuildFiles() {
   list_->setRootIsDecorated(false);
   list_->setHeaderLabels({Res(resources::kPreviewFileColumn), Res(resources::kPreviewOutcomeColumn),
                           Res(resources::kPreviewAnswerColumn)});
+  const QString folder = ProjectFolder(report_);
+  auto* shownFolder = Text("lblFolder", folder);
+  shownFolder->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  QFont bold = shownFolder->font();
+  bold.setBold(true);
+  shownFolder->setFont(bold);
+  layout->addWidget(shownFolder);
   for (const DryRunEntry& entry : report_.entries) {
-    auto* item = new QTreeWidgetItem(list_, {ToQt(entry.path), ToQt(entry.outcome),
+    QString path = ToQt(entry.path);
+    if (!folder.isEmpty() && path.startsWith(folder)) path = path.mid(folder.size());
+    auto* item = new QTreeWidgetItem(list_, {path, ToQt(entry.outcome),
                                              entry.question ? AnswerText(entry.question->answer)
                                                             : QString()});
+    item->setToolTip(0, ToQt(entry.path));
     if (entry.question) item->setToolTip(2, ToQt(entry.question->text));
     if (!entry.conflicts.empty()) item->setForeground(1, QColor(0xb0, 0x30, 0x00));
   }
@@ -163,7 +184,7 @@ QWidget* PreviewDialog::BuildFiles() {
   splitter->addWidget(list_);
   splitter->addWidget(shown);
   splitter->setStretchFactor(1, 1);
-  splitter->setSizes({380, 620});
+  splitter->setSizes({540, 600});
   layout->addWidget(splitter, 1);
 
   // The first generated file, else the first entry.

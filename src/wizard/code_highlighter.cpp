@@ -70,11 +70,6 @@ CodeHighlighter::CodeHighlighter(QTextDocument* document)
   marker_.setBackground(QColor(0xff, 0xe0, 0x99));
 }
 
-void CodeHighlighter::SetKind(CodeText kind) {
-  kind_ = kind;
-  rehighlight();
-}
-
 void CodeHighlighter::highlightBlock(const QString& text) {
   const QStringView line(text);
   if (kind_ == CodeText::VisualBasic) {

@@ -12,8 +12,8 @@ enum class CodeText { Plain, VisualBasic, UnifiedDiff };
 class CodeHighlighter : public QSyntaxHighlighter {
  public:
   explicit CodeHighlighter(QTextDocument* document);
-  // How the document's text is read; the document is coloured again.
-  void SetKind(CodeText kind);
+  // How the text that comes into the document is read (set it before the text comes).
+  void SetKind(CodeText kind) { kind_ = kind; }
 
  protected:
   void highlightBlock(const QString& text) override;

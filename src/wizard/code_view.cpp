@@ -4,6 +4,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTextBlock>
+#include <QTimer>
 #include <algorithm>
 
 #include "wizard/code_highlighter.h"
@@ -23,6 +24,9 @@ class LineNumberMargin : public QWidget {
 };
 
 namespace {
+
+// Lines shown at once, and in each later step.
+constexpr int kLinesPerStep = 2000;
 
 int Digits(int number) {
   int digits = 1;
@@ -54,7 +58,10 @@ CodeView::CodeView(QWidget* parent)
     : QPlainTextEdit(parent),
       margin_(new LineNumberMargin(this)),
       highlighter_(new CodeHighlighter(document())),
-      kind_(CodeText::Plain) {
+      kind_(CodeText::Plain),
+      steps_(new QTimer(this)) {
+  steps_->setInterval(0);
+  connect(steps_, &QTimer::timeout, this, &CodeView::ShowNextStep);
   setReadOnly(true);
   setLineWrapMode(QPlainTextEdit::NoWrap);
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -64,7 +71,8 @@ CodeView::CodeView(QWidget* parent)
           [this] { setViewportMargins(MarginWidth(), 0, 0, 0); });
 }
 
-void CodeView::ShowText(const QString& text, CodeText kind) {
+void CodeView::ShowText(QString text, CodeText kind) {
+  steps_->stop();
   kind_ = kind;
   before_.clear();
   after_.clear();
@@ -88,17 +96,48 @@ void CodeView::ShowText(const QString& text, CodeText kind) {
     largest = static_cast<int>(text.count(u'\n')) + 1;
   }
   digits_ = Digits(largest);
-  // Coloured once, with the whole text in place.
-  highlighter_->setDocument(nullptr);
-  setPlainText(text);
-  highlighter_->setDocument(document());
   highlighter_->SetKind(kind);
+  pending_ = std::move(text);
+  shown_ = 0;
+  const QStringView first = NextLines(kLinesPerStep);
+  shown_ = first.size();
+  setPlainText(first.toString());  // coloured as it goes in
+  if (!Complete()) steps_->start();
   setViewportMargins(MarginWidth(), 0, 0, 0);
   margin_->update();
 }
 
+QStringView CodeView::NextLines(int lines) const {
+  const QStringView rest = QStringView(pending_).mid(shown_);
+  qsizetype end = 0;
+  for (int line = 0; line < lines && end < rest.size(); ++line) {
+    const qsizetype next = rest.indexOf(u'\n', end);
+    end = next < 0 ? rest.size() : next + 1;
+  }
+  return rest.left(end);
+}
+
+void CodeView::ShowNextStep() {
+  const QStringView step = NextLines(kLinesPerStep);
+  QTextCursor end(document());
+  end.movePosition(QTextCursor::End);
+  end.insertText(step.toString());
+  shown_ += step.size();
+  if (Complete()) steps_->stop();
+}
+
+void CodeView::ShowRest() {
+  if (Complete()) return;
+  steps_->stop();
+  QTextCursor end(document());
+  end.movePosition(QTextCursor::End);
+  end.insertText(QStringView(pending_).mid(shown_).toString());
+  shown_ = pending_.size();
+}
+
 bool CodeView::FindText(const QString& text, bool backward) {
   if (text.isEmpty()) return false;
+  ShowRest();
   const QTextDocument::FindFlags flags =
       backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
   if (find(text, flags)) return true;

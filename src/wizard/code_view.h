@@ -1,9 +1,13 @@
 #pragma once
 // A read-only view of a file's text or of a unified diff, coloured by CodeHighlighter,
 // with line numbers in a margin: a text's own, a diff's lines numbered as they stand in
-// the file on disk and in the file after the generation.
+// the file on disk and in the file after the generation. A long text is shown from its
+// first lines at once; the rest follows from the event loop, a few thousand lines a step.
 #include <QPlainTextEdit>
+#include <QString>
 #include <vector>
+
+class QTimer;
 
 namespace wizard {
 
@@ -17,10 +21,14 @@ class CodeView : public QPlainTextEdit {
   explicit CodeView(QWidget* parent = nullptr);
 
   // Shows `text`, read as `kind`; a plain text gets no line numbers.
-  void ShowText(const QString& text, CodeText kind);
+  void ShowText(QString text, CodeText kind);
   // Selects the next occurrence of `text` after the cursor (before it with `backward`),
-  // going round at the end; false when the text holds none.
+  // going round at the end; false when the text holds none. The whole text is searched.
   bool FindText(const QString& text, bool backward = false);
+  // The whole text is in the view (true once the last step has shown it).
+  bool Complete() const { return shown_ == pending_.size(); }
+  // Shows the rest of the text now.
+  void ShowRest();
 
   // The margin's text for a line (block) of the shown text: "12", "12 13", "   13".
   QString LineLabel(int block) const;
@@ -33,6 +41,9 @@ class CodeView : public QPlainTextEdit {
   void PaintMargin(QPaintEvent* event);
   int MarginWidth() const;
   void UpdateMargin(const QRect& rect, int dy);
+  // The text from `shown_` up to the end of the next `lines` lines, or to its end.
+  QStringView NextLines(int lines) const;
+  void ShowNextStep();
 
   QWidget* margin_;
   CodeHighlighter* highlighter_;
@@ -41,6 +52,9 @@ class CodeView : public QPlainTextEdit {
   std::vector<int> before_;
   std::vector<int> after_;
   int digits_ = 1;
+  QString pending_;     // the whole text
+  qsizetype shown_ = 0;  // how much of it is in the document
+  QTimer* steps_;
 };
 
 }  // namespace wizard

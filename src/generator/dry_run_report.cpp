@@ -39,9 +39,11 @@ bool DryRunReport::HasConflicts() const {
 std::string Displayed(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') continue;
-    text += bytes[i];
+  for (std::size_t from = 0; from < bytes.size();) {
+    std::size_t cr = bytes.find("\r\n", from);
+    if (cr == std::string_view::npos) cr = bytes.size();
+    text.append(bytes.substr(from, cr - from));
+    from = cr + 1;  // the LF after the CR, which stays
   }
   return vbrt::FromAnsi(text);
 }
@@ -76,8 +78,8 @@ std::vector<DryRunEntry> DryRunEntries(const platform::FileSystem& fs,
       entry.outcome = Outcome(*file);
       entry.generated = true;
       entry.choice = file->choice;
-      entry.before = Displayed(file->before);
-      entry.after = Displayed(file->after);
+      entry.before = file->before;
+      entry.after = file->after;
       entry.conflicts = file->conflicts;
       if (const auto asked = askedAbout.find(path); asked != askedAbout.end()) {
         entry.question = *asked->second;
@@ -89,8 +91,9 @@ std::vector<DryRunEntry> DryRunEntries(const platform::FileSystem& fs,
 }
 
 std::string DiffOf(platform::TextMerger& merger, const DryRunEntry& entry, bool colour) {
-  return merger.UnifiedDiff(entry.before, entry.after, entry.path + " (on disk)",
-                            entry.path + " (after the generation)", colour);
+  return merger.UnifiedDiff(Displayed(entry.before), Displayed(entry.after),
+                            entry.path + " (on disk)", entry.path + " (after the generation)",
+                            colour);
 }
 
 }  // namespace generator

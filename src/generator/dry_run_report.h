@@ -27,8 +27,8 @@ struct DryRunEntry {
   std::string outcome;  // "folder created", "copied", "created", "overwritten",
                         // "merged cleanly", "merged with N conflicts (lines ...)",
                         // "written under a new name"
-  // A project, class or module file: its texts, converted from the code page for display
-  // (UTF-8, lines ended by LF); `before` is "" when there is no such file on disk.
+  // A project, class or module file: its bytes on disk ("" when there is none) and the
+  // bytes the generation would write, in the code page with CR LF (see Displayed).
   bool generated = false;
   platform::SaveChoice choice = platform::SaveChoice::Create;  // of a generated file
   std::string before = "";
@@ -66,8 +66,8 @@ std::vector<DryRunEntry> DryRunEntries(const platform::FileSystem& fs,
                                        const std::vector<AnsweredQuestion>& questions);
 
 // The unified diff of a generated file from what is on disk to what the generation would
-// write, under "--- <path> (on disk)" and "+++ <path> (after the generation)". Throws as
-// TextMerger::UnifiedDiff does.
+// write, both as displayed, under "--- <path> (on disk)" and "+++ <path> (after the
+// generation)". Throws as TextMerger::UnifiedDiff does.
 std::string DiffOf(platform::TextMerger& merger, const DryRunEntry& entry, bool colour);
 
 }  // namespace generator

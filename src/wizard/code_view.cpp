@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "wizard/code_highlighter.h"
+#include "wizard/qt_text.h"
 
 namespace wizard {
 
@@ -25,7 +26,8 @@ class LineNumberMargin : public QWidget {
 
 namespace {
 
-// Lines shown at once, and in each later step.
+// Lines shown at once (a few screens), then in each later step.
+constexpr int kLinesAtOnce = 400;
 constexpr int kLinesPerStep = 2000;
 
 int Digits(int number) {
@@ -71,7 +73,7 @@ CodeView::CodeView(QWidget* parent)
           [this] { setViewportMargins(MarginWidth(), 0, 0, 0); });
 }
 
-void CodeView::ShowText(QString text, CodeText kind) {
+void CodeView::ShowText(std::string text, CodeText kind) {
   steps_->stop();
   kind_ = kind;
   before_.clear();
@@ -80,7 +82,8 @@ void CodeView::ShowText(QString text, CodeText kind) {
   if (kind == CodeText::UnifiedDiff) {
     int before = 0;
     int after = 0;
-    for (QStringView line : QStringView(text).split(u'\n')) {
+    const QString diff = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    for (QStringView line : QStringView(diff).split(u'\n')) {
       int shownBefore = 0;
       int shownAfter = 0;
       if (!ReadHunkHead(line, before, after) && !line.startsWith(u"--- ") &&
@@ -93,35 +96,35 @@ void CodeView::ShowText(QString text, CodeText kind) {
     }
     largest = std::max(before, after);
   } else {
-    largest = static_cast<int>(text.count(u'\n')) + 1;
+    largest = static_cast<int>(std::count(text.begin(), text.end(), '\n')) + 1;
   }
   digits_ = Digits(largest);
   highlighter_->SetKind(kind);
   pending_ = std::move(text);
   shown_ = 0;
-  const QStringView first = NextLines(kLinesPerStep);
+  const std::string_view first = NextLines(kLinesAtOnce);
   shown_ = first.size();
-  setPlainText(first.toString());  // coloured as it goes in
+  setPlainText(ToQt(first));  // coloured as it goes in
   if (!Complete()) steps_->start();
   setViewportMargins(MarginWidth(), 0, 0, 0);
   margin_->update();
 }
 
-QStringView CodeView::NextLines(int lines) const {
-  const QStringView rest = QStringView(pending_).mid(shown_);
-  qsizetype end = 0;
+std::string_view CodeView::NextLines(int lines) const {
+  const std::string_view rest = std::string_view(pending_).substr(shown_);
+  std::size_t end = 0;
   for (int line = 0; line < lines && end < rest.size(); ++line) {
-    const qsizetype next = rest.indexOf(u'\n', end);
-    end = next < 0 ? rest.size() : next + 1;
+    const std::size_t next = rest.find('\n', end);
+    end = next == std::string_view::npos ? rest.size() : next + 1;
   }
-  return rest.left(end);
+  return rest.substr(0, end);
 }
 
 void CodeView::ShowNextStep() {
-  const QStringView step = NextLines(kLinesPerStep);
+  const std::string_view step = NextLines(kLinesPerStep);
   QTextCursor end(document());
   end.movePosition(QTextCursor::End);
-  end.insertText(step.toString());
+  end.insertText(ToQt(step));
   shown_ += step.size();
   if (Complete()) steps_->stop();
 }
@@ -131,7 +134,7 @@ void CodeView::ShowRest() {
   steps_->stop();
   QTextCursor end(document());
   end.movePosition(QTextCursor::End);
-  end.insertText(QStringView(pending_).mid(shown_).toString());
+  end.insertText(ToQt(std::string_view(pending_).substr(shown_)));
   shown_ = pending_.size();
 }
 

@@ -4,7 +4,8 @@
 // the file on disk and in the file after the generation. A long text is shown from its
 // first lines at once; the rest follows from the event loop, a few thousand lines a step.
 #include <QPlainTextEdit>
-#include <QString>
+#include <string>
+#include <string_view>
 #include <vector>
 
 class QTimer;
@@ -20,8 +21,8 @@ class CodeView : public QPlainTextEdit {
  public:
   explicit CodeView(QWidget* parent = nullptr);
 
-  // Shows `text`, read as `kind`; a plain text gets no line numbers.
-  void ShowText(QString text, CodeText kind);
+  // Shows `text` (UTF-8), read as `kind`; a plain text gets no line numbers.
+  void ShowText(std::string text, CodeText kind);
   // Selects the next occurrence of `text` after the cursor (before it with `backward`),
   // going round at the end; false when the text holds none. The whole text is searched.
   bool FindText(const QString& text, bool backward = false);
@@ -42,7 +43,7 @@ class CodeView : public QPlainTextEdit {
   int MarginWidth() const;
   void UpdateMargin(const QRect& rect, int dy);
   // The text from `shown_` up to the end of the next `lines` lines, or to its end.
-  QStringView NextLines(int lines) const;
+  std::string_view NextLines(int lines) const;
   void ShowNextStep();
 
   QWidget* margin_;
@@ -52,8 +53,8 @@ class CodeView : public QPlainTextEdit {
   std::vector<int> before_;
   std::vector<int> after_;
   int digits_ = 1;
-  QString pending_;     // the whole text
-  qsizetype shown_ = 0;  // how much of it is in the document
+  std::string pending_;    // the whole text
+  std::size_t shown_ = 0;  // how many of its bytes are in the document
   QTimer* steps_;
 };
 

@@ -207,27 +207,27 @@ void PreviewDialog::ShowEntry(int index) {
   }
   const DryRunEntry& entry = report_.entries[index];
   if (!entry.generated) {
-    text_->ShowText(Res(entry.outcome == "copied" ? resources::kPreviewCopy
-                                                  : resources::kPreviewFolder),
+    text_->ShowText(resources::LoadResString(entry.outcome == "copied" ? resources::kPreviewCopy
+                                                                      : resources::kPreviewFolder),
                     CodeText::Plain);
   } else if (entry.choice == platform::SaveChoice::Create) {
-    text_->ShowText(ToQt(entry.after), CodeText::VisualBasic);
+    text_->ShowText(generator::Displayed(entry.after), CodeText::VisualBasic);
   } else {
     auto diff = diffs_.find(index);
     if (diff == diffs_.end()) {
-      QString text;
+      std::string text;
       try {
-        text = ToQt(generator::DiffOf(merger_(), entry, false));
+        text = generator::DiffOf(merger_(), entry, false);
       } catch (const std::exception& e) {
-        text = ToQt(e.what());
+        text = e.what();
       }
-      diff = diffs_.emplace(index, text).first;
+      diff = diffs_.emplace(index, std::move(text)).first;
     }
-    if (diff->second.isEmpty()) {
-      text_->ShowText(Res(resources::kPreviewUnchanged), CodeText::Plain);
+    if (diff->second.empty()) {
+      text_->ShowText(resources::LoadResString(resources::kPreviewUnchanged), CodeText::Plain);
     } else {
-      text_->ShowText(diff->second, diff->second.startsWith(u"--- ") ? CodeText::UnifiedDiff
-                                                                      : CodeText::Plain);
+      text_->ShowText(diff->second, diff->second.starts_with("--- ") ? CodeText::UnifiedDiff
+                                                                    : CodeText::Plain);
     }
   }
   notFound_->clear();

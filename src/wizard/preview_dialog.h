@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <functional>
 #include <map>
+#include <string>
 
 #include "generator/dry_run_report.h"
 #include "platform/text_merger.h"
@@ -37,7 +38,7 @@ class PreviewDialog : public QDialog {
 
   generator::DryRunReport report_;
   platform::TextMergerSource merger_;
-  std::map<int, QString> diffs_;  // by entry, made when first shown
+  std::map<int, std::string> diffs_;  // by entry, made when first shown
   QTreeWidget* list_ = nullptr;
   CodeView* text_ = nullptr;
   QLineEdit* find_ = nullptr;

@@ -112,7 +112,7 @@ class WidgetPartsTest : public QObject {
   void codeViewColoursNumbersAndShowsLongTextsInSteps() {
     wizard::CodeView view;
     using wizard::CodeText;
-    const QString diff =
+    const std::string diff =
         "--- a (on disk)\n+++ a (after the generation)\n@@ -7,3 +7,4 @@ Sub X()\n"
         "     Dim s As String ' why\n-    s = \"It\"\"s\"\n+<<<<<<< a as you changed it\n"
         "+    Rem gone\n \n";
@@ -143,8 +143,8 @@ class WidgetPartsTest : public QObject {
     const QStringList labels = {"     ", "     ", "     ", " 7  7", " 8   ", "    8", "    9", " 9 10"};
     for (int line = 0; line < labels.size(); ++line) QCOMPARE(view.LineLabel(line), labels[line]);
 
-    QString text;
-    for (int i = 1; i <= 9000; ++i) text += QString("    x = %1\n").arg(i);
+    std::string text;
+    for (int i = 1; i <= 9000; ++i) text += "    x = " + std::to_string(i) + "\n";
     view.ShowText(text, CodeText::VisualBasic);
     QVERIFY(!view.Complete());
     QVERIFY(view.document()->blockCount() < 9000);

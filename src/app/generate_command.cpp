@@ -42,12 +42,6 @@ struct GenerateOptions {
   bool diff = false;
 };
 
-const SavedFile* SavedAs(const std::vector<SavedFile>& saved, const std::string& path) {
-  const auto it = std::find_if(saved.begin(), saved.end(),
-                               [&](const SavedFile& file) { return file.path == path; });
-  return it == saved.end() ? nullptr : &*it;
-}
-
 bool HasConflicts(const std::vector<SavedFile>& saved) {
   return std::any_of(saved.begin(), saved.end(),
                      [](const SavedFile& file) { return !file.conflicts.empty(); });
@@ -81,7 +75,7 @@ int ReportWritten(const platform::FileSystem& fs, const std::vector<std::string>
   std::cout << "Files written:\n";
   for (const std::string& path : written) {
     std::cout << "  " << fs.ToNative(path).string();
-    if (const SavedFile* file = SavedAs(saved, path); file && file->choice == SaveChoice::Merge) {
+    if (const SavedFile* file = generator::SavedAs(saved, path); file && file->choice == SaveChoice::Merge) {
       std::cout << (file->conflicts.empty() ? " (merged with your changes)"
                                             : " (merged with your changes, " +
                                                   generator::ConflictsText(file->conflicts) + ")");

@@ -12,12 +12,6 @@ namespace {
 using platform::SavedFile;
 using platform::SaveChoice;
 
-const SavedFile* SavedAs(const std::vector<SavedFile>& saved, const std::string& path) {
-  const auto it = std::find_if(saved.begin(), saved.end(),
-                               [&](const SavedFile& file) { return file.path == path; });
-  return it == saved.end() ? nullptr : &*it;
-}
-
 std::string Outcome(const SavedFile& file) {
   switch (file.choice) {
     case SaveChoice::Create: return "created";

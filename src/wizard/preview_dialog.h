@@ -28,10 +28,9 @@ class PreviewDialog : public QDialog {
   PreviewDialog(generator::DryRunReport report, platform::TextMergerSource merger,
                 std::function<void()> help, QWidget* parent);
 
+ private:
   // Shows entry `index` of the report beside the list (selecting its row).
   void ShowEntry(int index);
-
- private:
   QWidget* BuildFailure();
   QWidget* BuildFiles();
   void Find(bool backward);

@@ -75,7 +75,8 @@ int ReportWritten(const platform::FileSystem& fs, const std::vector<std::string>
   std::cout << "Files written:\n";
   for (const std::string& path : written) {
     std::cout << "  " << fs.ToNative(path).string();
-    if (const SavedFile* file = generator::SavedAs(saved, path); file && file->choice == SaveChoice::Merge) {
+    const SavedFile* file = generator::SavedAs(saved, path);
+    if (file != nullptr && file->choice == SaveChoice::Merge) {
       std::cout << (file->conflicts.empty() ? " (merged with your changes)"
                                             : " (merged with your changes, " +
                                                   generator::ConflictsText(file->conflicts) + ")");

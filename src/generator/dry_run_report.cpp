@@ -18,7 +18,8 @@ std::string Outcome(const SavedFile& file) {
     case SaveChoice::Overwrite: return "overwritten";
     case SaveChoice::NewName: return "written under a new name";
     case SaveChoice::Merge:
-      return file.conflicts.empty() ? "merged cleanly" : "merged with " + ConflictsText(file.conflicts);
+      return file.conflicts.empty() ? "merged cleanly"
+                                    : "merged with " + ConflictsText(file.conflicts);
   }
   return "";
 }

@@ -236,7 +236,8 @@ void PreviewDialog::ShowEntry(int index) {
 void PreviewDialog::Find(bool backward) {
   if (text_ == nullptr) return;
   const bool found = text_->FindText(find_->text(), backward);
-  notFound_->setText(found || find_->text().isEmpty() ? QString() : Res(resources::kPreviewNotFound));
+  notFound_->setText(found || find_->text().isEmpty() ? QString()
+                                                       : Res(resources::kPreviewNotFound));
 }
 
 PreviewRunner PreviewInDialog(DryRunSource dryRun, platform::TextMergerSource merger) {

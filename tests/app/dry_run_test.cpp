@@ -59,7 +59,9 @@ class DryRunTest : public ProgramTest {
   // What the dry run prints after its questions, told from the preview's report.
   static std::string Printed(const generator::DryRunReport& report) {
     std::string text = "Dry run, nothing was written. The generation would leave:\n";
-    for (const auto& entry : report.entries) text += "  " + entry.path + ": " + entry.outcome + "\n";
+    for (const auto& entry : report.entries) {
+      text += "  " + entry.path + ": " + entry.outcome + "\n";
+    }
     auto& merger = platform::merge::Libgit2Merger();
     for (const auto& entry : report.entries) {
       if (entry.generated) text += generator::DiffOf(merger, entry, false);
@@ -77,6 +79,8 @@ TEST_F(DryRunTest, ThePreviewListsWhatTheDryRunPrintsAndWritesNothing) {
   v3.replace(v3.find("MAX=5\r\n"), 7, "MAX=6\r\n");
   const std::string limitChanged = scratch_.Write("v3.bvg", v3).string();
   fs::create_directories(Project());
+  const std::string project =
+      " --project '" + Project("Actuator.vbp") + "' --registry " + kRegistry;
   const std::vector<PreviewCase> cases = {
       {.what = "a first generation",
        .session = "examples/actuator/Actuator.bvg",
@@ -94,11 +98,8 @@ TEST_F(DryRunTest, ThePreviewListsWhatTheDryRunPrintsAndWritesNothing) {
   for (const PreviewCase& c : cases) {
     SCOPED_TRACE(c.what);
     if (!c.edit.empty()) {
-      ASSERT_EQ(Run("generate examples/actuator/Actuator.bvg --project '" + Project("Actuator.vbp") +
-                        "' --registry " + kRegistry + " --answer yes",
-                    "cd .. &&"),
-                0)
-          << err_;
+      const std::string first = "generate examples/actuator/Actuator.bvg" + project;
+      ASSERT_EQ(Run(first + " --answer yes", "cd .. &&"), 0) << err_;
       const std::string from = c.edit.substr(0, c.edit.find('|'));
       std::string cls = ReadBytes(Project("Actuator.cls"));
       ASSERT_NE(cls.find(from), std::string::npos);
@@ -114,8 +115,7 @@ TEST_F(DryRunTest, ThePreviewListsWhatTheDryRunPrintsAndWritesNothing) {
     for (const std::string& outcome : c.outcomes) {
       EXPECT_NE(printed.find("/" + outcome), std::string::npos) << outcome << "\n" << printed;
     }
-    EXPECT_EQ(Run("generate '" + c.session + "' --project '" + Project("Actuator.vbp") +
-                      "' --registry " + kRegistry + " --answer merge --dry-run --diff",
+    EXPECT_EQ(Run("generate '" + c.session + "'" + project + " --answer merge --dry-run --diff",
                   "cd .. &&"),
               report.HasConflicts() ? 3 : 0)
         << err_;
@@ -138,8 +138,8 @@ TEST_F(DryRunTest, ThePreviewListsWhatTheDryRunPrintsAndWritesNothing) {
     }
     EXPECT_EQ(assumed, answers);
     for (const auto& entry : report.entries) {
-      EXPECT_EQ(entry.question.has_value(), entry.generated && entry.choice != platform::SaveChoice::Create)
-          << entry.path;
+      const bool existed = entry.generated && entry.choice != platform::SaveChoice::Create;
+      EXPECT_EQ(entry.question.has_value(), existed) << entry.path;
     }
   }
 }
@@ -158,7 +158,9 @@ TEST_F(DryRunTest, AFailureIsTheReportsMessageAndWritesNothing) {
   for (const Failure& failure : failures) {
     SCOPED_TRACE(failure.session);
     registry_ = platform::RegistryFiles();
-    if (failure.hostRegistered) registry_.AddFile(fs::path(EOW_EXAMPLES_DIR) / "registry/demo-host.reg");
+    if (failure.hostRegistered) {
+      registry_.AddFile(fs::path(EOW_EXAMPLES_DIR) / "registry/demo-host.reg");
+    }
     const auto before = Snapshot(Project());
     const generator::DryRunReport report = Preview(failure.session);
     EXPECT_FALSE(report.generated);

@@ -120,8 +120,8 @@ class WidgetPartsTest : public QObject {
     const struct {
       int line;
       int column;
-      QColor foreground;  // invalid: not set
-      QColor background;
+      QColor foreground;
+      QColor background;  // invalid: the line's own
     } colours[] = {
         {3, 5, QColor(0x00, 0x00, 0xa0), {}},                       // "Dim"
         {3, 23, QColor(0x00, 0x80, 0x00), {}},                      // the comment
@@ -137,10 +137,11 @@ class WidgetPartsTest : public QObject {
       for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
         if (range.start <= c.column && c.column < range.start + range.length) format = range.format;
       }
-      QCOMPARE(format.foreground().color(), c.foreground.isValid() ? c.foreground : QColor(Qt::black));
+      QCOMPARE(format.foreground().color(), c.foreground);
       if (c.background.isValid()) QCOMPARE(format.background().color(), c.background);
     }
-    const QStringList labels = {"     ", "     ", "     ", " 7  7", " 8   ", "    8", "    9", " 9 10"};
+    const QStringList labels = {"     ", "     ", "     ", " 7  7",
+                                " 8   ", "    8", "    9", " 9 10"};
     for (int line = 0; line < labels.size(); ++line) QCOMPARE(view.LineLabel(line), labels[line]);
 
     std::string text;

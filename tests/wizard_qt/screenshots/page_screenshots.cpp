@@ -71,11 +71,11 @@ class PageScreenshots : public QObject {
     Save(ui.window, "page4-model-refused.png");
   }
 
-  // The preview from the finish page of the actuator: its first generation, and its
-  // regeneration over a limit the engineer edited that the session changes too.
+  // The preview from the finish page of the actuator: without the host's library, its
+  // first generation, and its regeneration over a limit the engineer edited that the
+  // session changes too.
   void previewOfAFirstGenerationAndOfAMergeWithAConflict() {
     WizardFixture ui;
-    ui.registry.AddFile(EOW_EXAMPLES_DIR "/registry/demo-host.reg");
     ui.Connect();
     ui.Click("btnNext");
     ui.prompter.Answer(platform::MsgAnswer::Yes);
@@ -84,6 +84,8 @@ class PageScreenshots : public QObject {
     const std::string project = ui.Path("Actuator.vbp");
     ui.TypeAndLeave("edLocation", project);
     ui.GoToPage(7);
+    SaveDialog(ui, "btnPreview", "dlgPreview-failed.png");
+    ui.registry.AddFile(EOW_EXAMPLES_DIR "/registry/demo-host.reg");
     SaveDialog(ui, "btnPreview", "dlgPreview-first.png");
 
     wizard::WizardForm& form = *ui.addIn.Form();

@@ -1,15 +1,27 @@
-// How the parameter pages keep up with long lists: 5,000 input rows and 500 outputs.
+// How the parameter pages keep up with long lists: 5,000 input rows and 500 outputs; and
+// how the finish page's preview of that generation opens beside the command line's dry run
+// of the same session.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QPlainTextEdit>
 #include <QTreeWidget>
+#include <sstream>
 #include <string>
+
+#include "app/dry_run.h"
+#include "bench_files.h"
+#include "hardening/generation_rig.h"
+#include "platform/merge/libgit2_merger.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/prompt/console_prompter.h"
 
 #include "platform/prompter.h"
 #include "session/form_state.h"
 #include "wizard/model/input_page.h"
 #include "wizard/model/output_page.h"
 #include "wizard/list_view_rows.h"
+#include "wizard/preview_dialog.h"
 
 namespace {
 
@@ -161,5 +173,64 @@ void BM_ShowOutputRows(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_ShowOutputRows)->Unit(benchmark::kMillisecond);
+
+// The generation of generation_bench (5,000 inputs, 500 outputs, a model of 30,000 edges
+// converted into code) into an empty project folder.
+struct LargeGeneration {
+  LargeGeneration() {
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    record.theLocation = folder.string();
+  }
+  std::filesystem::path folder = bench::ScratchFolder() / "preview";
+  session::FormState record = hardening::LargeRecord(kInputRows, kOutputRows);
+  hardening::FixedApplication application{hardening::RingModel(30000)};
+  hardening::HostRegistry registry;
+  platform::PosixFileSystem files{platform::DriveMap{}};
+};
+
+LargeGeneration& TheLargeGeneration() {
+  static LargeGeneration work;
+  return work;
+}
+
+// `generate --dry-run --answer merge` without its printing: the generation in memory and
+// the description of its files.
+void BM_DryRunOfLargeSession(benchmark::State& state) {
+  LargeGeneration& work = TheLargeGeneration();
+  std::istringstream noInput;
+  std::ostringstream told;
+  for (auto _ : state) {
+    session::FormState form = work.record;
+    platform::DryRunFileSystem dry(work.files);
+    platform::ConsolePrompter prompter(noInput, told, false, platform::MsgAnswer::Merge);
+    hardening::QuietProgress progress;
+    const generator::DryRunReport report = app::DryGeneration(
+        form, {dry, work.registry, prompter, &work.application, platform::merge::Libgit2Merger,
+               progress});
+    if (!report.generated) state.SkipWithError("the dry run failed");
+    told.str("");
+  }
+}
+BENCHMARK(BM_DryRunOfLargeSession)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The Preview button's work: the same dry run from the window's settings, and the dialog
+// made with its first file (the class, 77,000 lines) shown and coloured from its start.
+void BM_PreviewOfLargeSession(benchmark::State& state) {
+  EnsureApplication();
+  LargeGeneration& work = TheLargeGeneration();
+  int lines = 0;
+  for (auto _ : state) {
+    wizard::PreviewDialog dialog(
+        app::PreviewGeneration(work.record, work.files, work.registry, &work.application,
+                               platform::merge::Libgit2Merger),
+        platform::merge::Libgit2Merger, [] {}, nullptr);
+    const auto* text = dialog.findChild<QPlainTextEdit*>("txtPreview");
+    if (text == nullptr || text->document()->isEmpty()) state.SkipWithError("the preview failed");
+    lines = text->document()->blockCount();
+  }
+  state.counters["lines_at_open"] = lines;  // of the first file; the rest follows in steps
+}
+BENCHMARK(BM_PreviewOfLargeSession)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace

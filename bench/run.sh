@@ -47,6 +47,9 @@ guard "generation / plain write of the same bytes" \
 guard "merge-regeneration (100 edits) / plain generation" \
   "$(median eow_generation_bench BM_MergeRegeneration)" \
   "$(median eow_generation_bench BM_Generate)" 2
+guard "preview opened (first file shown) / dry run, 5,000 inputs" \
+  "$(median eow_pages_bench BM_PreviewOfLargeSession)" \
+  "$(median eow_pages_bench BM_DryRunOfLargeSession)" 2
 guard "session load / line-splitting floor on the same bytes" \
   "$(median eow_session_bench BM_SessionLoad)" \
   "$(median eow_session_bench BM_SplitSessionIntoFields)" 4

@@ -12,9 +12,11 @@
 #include <CLI/CLI.hpp>
 
 #include "app/commands.h"
+#include "app/dry_run.h"
 #include "app/module_loader.h"
 #include "app/services.h"
 #include "app/terminal_progress.h"
+#include "generator/dry_run_report.h"
 #include "generator/generator.h"
 #include "generator/merge_report.h"
 #include "platform/dry_run_file_system.h"
@@ -22,7 +24,6 @@
 #include "platform/vbfiles/vb_files_environment.h"
 #include "session/record_check.h"
 #include "session/session_file.h"
-#include "vbrt/codepage.h"
 #include "wizard/model/page_checks.h"
 
 namespace app {
@@ -42,52 +43,14 @@ struct GenerateOptions {
   bool diff = false;
 };
 
-const SavedFile* SavedAs(const std::vector<SavedFile>& saved, const std::string& path) {
-  const auto it = std::find_if(saved.begin(), saved.end(),
-                               [&](const SavedFile& file) { return file.path == path; });
-  return it == saved.end() ? nullptr : &*it;
-}
-
 bool HasConflicts(const std::vector<SavedFile>& saved) {
   return std::any_of(saved.begin(), saved.end(),
                      [](const SavedFile& file) { return !file.conflicts.empty(); });
 }
 
-std::string Conflicts(const SavedFile& file) {
-  const std::size_t n = file.conflicts.size();
-  return std::to_string(n) + (n == 1 ? " conflict" : " conflicts") + " (lines " +
-         generator::ConflictLines(file.conflicts) + ")";
-}
-
-// What a dry run says a file would become.
-std::string Outcome(const SavedFile* file) {
-  if (file == nullptr) return "copied";
-  switch (file->choice) {
-    case SaveChoice::Create: return "created";
-    case SaveChoice::Overwrite: return "overwritten";
-    case SaveChoice::NewName: return "written under a new name";
-    case SaveChoice::Merge:
-      return file->conflicts.empty() ? "merged cleanly" : "merged with " + Conflicts(*file);
-  }
-  return "";
-}
-
-// Code-page bytes with CR LF as the terminal shows text: UTF-8, lines ended by LF.
-std::string Displayed(std::string_view bytes) {
-  std::string text;
-  text.reserve(bytes.size());
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') continue;
-    text += bytes[i];
-  }
-  return vbrt::FromAnsi(text);
-}
-
 // With `diff`, the merge module is loaded first: a run that cannot show the diffs
 // shows nothing but why.
-int ReportDryRun(const platform::FileSystem& fs, const platform::DryRunFileSystem& dry,
-                 const std::vector<std::string>& written, const std::vector<SavedFile>& saved,
-                 bool diff) {
+int ReportDryRun(const generator::DryRunReport& report, bool diff) {
   platform::TextMerger* merger = nullptr;
   try {
     if (diff) merger = &ModuleTextMerger("Showing the differences (--diff)");
@@ -96,24 +59,16 @@ int ReportDryRun(const platform::FileSystem& fs, const platform::DryRunFileSyste
     return 1;
   }
   std::cout << "Dry run, nothing was written. The generation would leave:\n";
-  for (const std::string& folder : dry.CreatedFolders()) {
-    std::cout << "  " << fs.ToNative(folder).string() << ": folder created\n";
-  }
-  for (const std::string& path : written) {
-    std::cout << "  " << fs.ToNative(path).string() << ": " << Outcome(SavedAs(saved, path)) << "\n";
+  for (const generator::DryRunEntry& entry : report.entries) {
+    std::cout << "  " << entry.path << ": " << entry.outcome << "\n";
   }
   if (merger != nullptr) {
     const bool colour = ::isatty(STDOUT_FILENO) == 1;
-    for (const std::string& path : written) {
-      const SavedFile* file = SavedAs(saved, path);
-      if (file == nullptr) continue;
-      const std::string name = fs.ToNative(path).string();
-      std::cout << merger->UnifiedDiff(Displayed(file->before), Displayed(file->after),
-                                       name + " (on disk)", name + " (after the generation)",
-                                       colour);
+    for (const generator::DryRunEntry& entry : report.entries) {
+      if (entry.generated) std::cout << generator::DiffOf(*merger, entry, colour);
     }
   }
-  return HasConflicts(saved) ? kConflicts : 0;
+  return report.HasConflicts() ? kConflicts : 0;
 }
 
 int ReportWritten(const platform::FileSystem& fs, const std::vector<std::string>& written,
@@ -121,9 +76,11 @@ int ReportWritten(const platform::FileSystem& fs, const std::vector<std::string>
   std::cout << "Files written:\n";
   for (const std::string& path : written) {
     std::cout << "  " << fs.ToNative(path).string();
-    if (const SavedFile* file = SavedAs(saved, path); file && file->choice == SaveChoice::Merge) {
+    const SavedFile* file = generator::SavedAs(saved, path);
+    if (file != nullptr && file->choice == SaveChoice::Merge) {
       std::cout << (file->conflicts.empty() ? " (merged with your changes)"
-                                            : " (merged with your changes, " + Conflicts(*file) + ")");
+                                            : " (merged with your changes, " +
+                                                  generator::ConflictsText(file->conflicts) + ")");
     }
     std::cout << "\n";
   }
@@ -185,16 +142,18 @@ int RunGenerate(const GenerateOptions& options) {
     application = CreateAnalysisApplication("Converting the basic model into code");
   }
 
-  platform::VbFilesEnvironment environment(
-      fs, services.registry, GenerationMerger,
-      options.dryRun ? platform::vbfiles::Saving::DryRun : platform::vbfiles::Saving::ToDisk);
   TerminalProgress progress(std::cerr, ::isatty(STDERR_FILENO) == 1);
+  if (dry) {
+    const generator::DryRunReport report = DryGeneration(
+        form, {*dry, services.registry, services.prompter, application.get(), GenerationMerger,
+               progress});
+    return report.generated ? ReportDryRun(report, options.diff) : 1;
+  }
+  platform::VbFilesEnvironment environment(fs, services.registry, GenerationMerger);
   generator::Generator generator(environment, application.get(), fs, services.registry,
                                  services.prompter, progress);
   if (!generator.Generate(form)) return 1;
-  const std::vector<SavedFile>& saved = environment.GetRegeneration()->Saved();
-  if (dry) return ReportDryRun(fs, *dry, generator.WrittenFiles(), saved, options.diff);
-  return ReportWritten(fs, generator.WrittenFiles(), saved);
+  return ReportWritten(fs, generator.WrittenFiles(), environment.GetRegeneration()->Saved());
 }
 
 }  // namespace

@@ -11,6 +11,12 @@ using platform::SavedFile;
 using platform::SaveChoice;
 using resources::LoadResString;
 
+const SavedFile* SavedAs(const std::vector<SavedFile>& saved, const std::string& path) {
+  const auto it = std::find_if(saved.begin(), saved.end(),
+                               [&](const SavedFile& file) { return file.path == path; });
+  return it == saved.end() ? nullptr : &*it;
+}
+
 std::string ConflictLines(const std::vector<platform::MergeConflict>& conflicts) {
   std::string text;
   for (const platform::MergeConflict& conflict : conflicts) {

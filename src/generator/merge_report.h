@@ -10,6 +10,11 @@
 
 namespace generator {
 
+// The saved file of `path` in a run's record of saved files; nullptr when the run saved
+// no file of that path (a copy of a basic file).
+const platform::SavedFile* SavedAs(const std::vector<platform::SavedFile>& saved,
+                                   const std::string& path);
+
 // The lines of each conflict, "196-202, 250-256".
 std::string ConflictLines(const std::vector<platform::MergeConflict>& conflicts);
 

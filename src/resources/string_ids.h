@@ -152,6 +152,22 @@ inline constexpr int kMergeButton = 14201;
 inline constexpr int kMergedInto = 14202;        // after the success text, before the files
 inline constexpr int kMergeConflictsIn = 14203;  // before the files and their lines
 inline constexpr int kConflictLinesWord = 14204;
+// The preview of a generation on the finish page.
+inline constexpr int kPreviewButton = 14300;
+inline constexpr int kPreviewTitle = 14301;
+inline constexpr int kPreviewIntro = 14302;
+inline constexpr int kPreviewAssumed = 14303;
+inline constexpr int kPreviewFileColumn = 14304;
+inline constexpr int kPreviewOutcomeColumn = 14305;
+inline constexpr int kPreviewAnswerColumn = 14306;
+inline constexpr int kPreviewFailed = 14307;
+inline constexpr int kPreviewFind = 14308;
+inline constexpr int kPreviewNotFound = 14309;
+inline constexpr int kPreviewClose = 14310;
+inline constexpr int kPreviewFolder = 14311;
+inline constexpr int kPreviewCopy = 14312;
+inline constexpr int kPreviewUnchanged = 14313;
+inline constexpr int kPreviewAnswerBase = 14320;  // + MsgAnswer: OK, Yes, No, Cancel, Merge
 
 // Choice lists of the problem page: base + list index; filled by trying kListTries numbers.
 inline constexpr int kListTries = 10;

@@ -127,6 +127,7 @@ void WizardWindow::BuildButtons(QWidget* bar) {
   add("btnBack", [](WizardForm& form) { form.Back(); });
   add("btnNext", [](WizardForm& form) { form.Next(); });
   row->addSpacing(12);
+  add("btnPreview", [](WizardForm& form) { form.Preview(); });
   add("btnFinish", [](WizardForm& form) { form.Finish(); });
 }
 
@@ -288,6 +289,9 @@ void WizardWindow::ApplyButtons() {
   ButtonOf(Button::Back)->setEnabled(form_->BackEnabled());
   ButtonOf(Button::Next)->setEnabled(form_->NextEnabled());
   ButtonOf(Button::Finish)->setEnabled(form_->FinishEnabled());
+  auto* preview = findChild<QPushButton*>("btnPreview");
+  preview->setVisible(form_->PreviewVisible());
+  preview->setEnabled(form_->PreviewEnabled());
   for (Button button : {Button::Back, Button::Next, Button::Finish})
     static_cast<QPushButton*>(ButtonOf(button))->setDefault(button == form_->DefaultButton());
   QWidget* previous = nullptr;

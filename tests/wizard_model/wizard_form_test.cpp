@@ -84,7 +84,7 @@ TEST_F(WizardTest, EveryPageHasItsButtonsDefaultAndTabOrder) {
       {true, true, Button::Next,
        {"btnOutputStandard", "lvStandard", "btnOutputCustom", "btnOutputEdit", "btnOutputRemove",
         "btnNext", "btnFinish", "btnHelp", "btnCancel", "lvOutput"}},
-      {true, false, Button::Finish, {"btnFinish", "btnHelp", "btnCancel"}},
+      {true, false, Button::Finish, {"btnFinish", "btnPreview", "btnHelp", "btnCancel"}},
   };
   form.RefreshStep();
   EXPECT_FALSE(form.SettingsChanged);  // only a page after the first counts as a change
@@ -96,6 +96,7 @@ TEST_F(WizardTest, EveryPageHasItsButtonsDefaultAndTabOrder) {
     EXPECT_TRUE(form.FinishEnabled());
     EXPECT_EQ(form.DefaultButton(), pages[page].defaultButton);
     EXPECT_EQ(Names(form.TabOrder()), pages[page].tabOrder);
+    EXPECT_EQ(form.PreviewVisible(), page == kPageCount - 1);
     form.Next();
   }
   // Next is disabled on the last page, Back on the first: the pages stay within 0 to 7.
@@ -126,7 +127,9 @@ TEST_F(WizardTest, FinishPageTellsWhatIsMissingUntilAProjectIsGiven) {
   EXPECT_EQ(form.PictureOfFinish(), FinishPicture::NotYet);
   EXPECT_EQ(form.DefaultButton(), Button::Next);
   EXPECT_FALSE(form.Finish());  // a disabled button does nothing
+  form.Preview();
   EXPECT_EQ(generations_, 0);
+  EXPECT_EQ(previews_, 0);
   EXPECT_TRUE(prompter_.shown.empty());
 
   for (int i = 0; i < 5; ++i) form.Back();
@@ -140,6 +143,15 @@ TEST_F(WizardTest, FinishPageTellsWhatIsMissingUntilAProjectIsGiven) {
   EXPECT_EQ(form.FinishIcon(), "Information");
   EXPECT_EQ(form.PictureOfFinish(), FinishPicture::Done);
   EXPECT_EQ(form.DefaultButton(), Button::Finish);
+
+  // The preview shows with its own help, and leaves the page as it was.
+  EXPECT_TRUE(form.PreviewEnabled());
+  form.Preview();
+  EXPECT_EQ(previews_, 1);
+  EXPECT_EQ(previewHelpTopic_, kPreviewHelpTopic);
+  EXPECT_EQ(form.HelpTopic(), kPageHelpTopics[7]);
+  EXPECT_EQ(form.CurrentStep, 7);
+  EXPECT_EQ(generations_, 0);
 }
 
 // Text the code page cannot hold is told beside its field; a path with such characters,

@@ -124,6 +124,10 @@ class WizardTest : public testing::Test {
           formShownWhileGenerating_ = view_.formShown;
           generatedLocation_ = form.State().theLocation;
           return generationSucceeds_;
+        },
+        [this](WizardForm& form) {
+          ++previews_;
+          previewHelpTopic_ = form.HelpTopic();
         }});
     view_ = ViewLog{};
     form->AttachView(std::make_unique<RecordingView>(view_));
@@ -159,6 +163,8 @@ class WizardTest : public testing::Test {
   bool generationSucceeds_ = true;
   bool generationThrows_ = false;
   int generations_ = 0;
+  int previews_ = 0;
+  std::string_view previewHelpTopic_;  // the help in view while the preview was shown
   bool formShownWhileGenerating_ = false;
   std::string generatedLocation_;
 

@@ -2,6 +2,7 @@
 // saved as the same session written by hand (plate_session.bvg), and generates the same
 // files as that session file generated directly.
 #include <QComboBox>
+#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QtTest>
 #include <filesystem>
@@ -134,6 +135,33 @@ class EndToEndTest : public QObject {
     std::ofstream(cls, std::ios::binary) << text;
     form.State().lvInput.SetSubItem(0, 5, "6");
     ui.prompter.shown.clear();
+
+    // The preview from the finish page shows the conflict to come, asks nothing and
+    // writes nothing; Finish afterwards asks as before.
+    ui.GoToPage(7);
+    const auto files = FilesUnder(out);
+    auto ran = OnNextDialog([](QDialog& dialog) {
+      auto* list = dialog.findChild<QTreeWidget*>("lvPreview");
+      auto* text = dialog.findChild<QPlainTextEdit*>("txtPreview");
+      QCOMPARE(list->topLevelItemCount(), 5);  // two copies, class, module and project file
+      QVERIFY(text->toPlainText().contains("\n+<<<<<<< Actuator.cls as you changed it\n"));
+      QCOMPARE(wizard_test::RowTexts(*list, 2),
+               QStringList({"Actuator.cls", "merged with 1 conflict (lines 218-224)", "Merge"}));
+      ClickCell(*list, 0, 0);
+      QCOMPARE(text->toPlainText(), QString("A working copy of a basic file, copied as it is."));
+      ClickCell(*list, 2, 0);
+      dialog.activateWindow();
+      QVERIFY(QTest::qWaitForWindowActive(&dialog));
+      QTest::keyClick(&dialog, Qt::Key_F, Qt::ControlModifier);
+      QCOMPARE(dialog.focusWidget()->objectName(), QString("edFind"));
+      wizard_test::Type(dialog.focusWidget(), "Max = 6");
+      QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+      QCOMPARE(text->textCursor().selectedText(), QString("Max = 6"));
+    });
+    ui.Click("btnPreview");
+    QVERIFY(*ran);
+    QCOMPARE(FilesUnder(out), files);
+    QVERIFY(ui.prompter.shown.empty());
     for (MsgAnswer answer : {MsgAnswer::Yes, MsgAnswer::Yes, MsgAnswer::Merge, MsgAnswer::Yes})
       ui.prompter.Answer(answer);
     QVERIFY(generate(form));

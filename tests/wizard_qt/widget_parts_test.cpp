@@ -1,13 +1,17 @@
 // The window's parts that stand alone: filter and caption conversion, the progress
-// window, message boxes and help references.
+// window, message boxes, the preview's text view and help references.
 #include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QtTest>
 #include <algorithm>
 
 #include "platform/chm/chm_archive.h"
 #include "vbrt/error.h"
+#include "wizard/code_highlighter.h"
+#include "wizard/code_view.h"
 #include "wizard/file_filter.h"
 #include "wizard/message_box_prompter.h"
 #include "wizard/progress_window.h"
@@ -101,6 +105,55 @@ class WidgetPartsTest : public QObject {
       QVERIFY(*ran);
       QCOMPARE(captions, QStringList({"&Merge", "&Yes", "&No", "Cancel"}));
     }
+  }
+
+  // The preview's text: what is coloured how, the lines' numbers beside a diff, and a long
+  // text shown from its start and found in whole.
+  void codeViewColoursNumbersAndShowsLongTextsInSteps() {
+    wizard::CodeView view;
+    using wizard::CodeText;
+    const std::string diff =
+        "--- a (on disk)\n+++ a (after the generation)\n@@ -7,3 +7,4 @@ Sub X()\n"
+        "     Dim s As String ' why\n-    s = \"It\"\"s\"\n+<<<<<<< a as you changed it\n"
+        "+    Rem gone\n \n";
+    view.ShowText(diff, CodeText::UnifiedDiff);
+    const struct {
+      int line;
+      int column;
+      QColor foreground;
+      QColor background;  // invalid: the line's own
+    } colours[] = {
+        {3, 5, QColor(0x00, 0x00, 0xa0), {}},                       // "Dim"
+        {3, 23, QColor(0x00, 0x80, 0x00), {}},                      // the comment
+        {3, 14, QColor(0x00, 0x00, 0xa0), {}},                      // "String"
+        {4, 9, QColor(0xa3, 0x15, 0x15), QColor(0xfb, 0xdd, 0xdd)},  // the string, removed
+        {5, 3, QColor(0x90, 0x40, 0x00), QColor(0xff, 0xe0, 0x99)},  // the conflict marker
+        {6, 6, QColor(0x00, 0x80, 0x00), QColor(0xdd, 0xf8, 0xdd)},  // Rem, added
+        {2, 0, QColor(0x00, 0x70, 0x90), {}},                       // the hunk head
+    };
+    for (const auto& c : colours) {
+      const QTextBlock block = view.document()->findBlockByNumber(c.line);
+      QTextCharFormat format;
+      for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
+        if (range.start <= c.column && c.column < range.start + range.length) format = range.format;
+      }
+      QCOMPARE(format.foreground().color(), c.foreground);
+      if (c.background.isValid()) QCOMPARE(format.background().color(), c.background);
+    }
+    const QStringList labels = {"     ", "     ", "     ", " 7  7",
+                                " 8   ", "    8", "    9", " 9 10"};
+    for (int line = 0; line < labels.size(); ++line) QCOMPARE(view.LineLabel(line), labels[line]);
+
+    std::string text;
+    for (int i = 1; i <= 9000; ++i) text += "    x = " + std::to_string(i) + "\n";
+    view.ShowText(text, CodeText::VisualBasic);
+    QVERIFY(!view.Complete());
+    QVERIFY(view.document()->blockCount() < 9000);
+    QCOMPARE(view.LineLabel(8999), QString("9000"));
+    QVERIFY(view.FindText("x = 8765"));
+    QVERIFY(view.Complete());
+    QCOMPARE(view.textCursor().blockNumber(), 8764);
+    QVERIFY(!view.FindText("y ="));
   }
 
   void helpReferencesSplitIntoFileTopicAndAnchor() {

@@ -1,6 +1,7 @@
 #pragma once
 // A wizard connected as main() connects it, with its window offscreen, files in a
-// temporary folder, message boxes answered from a script and generation recorded; and
+// temporary folder, message boxes answered from a script, generation recorded and the
+// real preview; and
 // the user's ways of driving its lists and dialogs.
 #include <QApplication>
 #include <QDialog>
@@ -19,6 +20,7 @@
 #include <vector>
 
 #include "../generator/converter_model.h"
+#include "app/dry_run.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/prompt/scripted_prompter.h"
 #include "platform/regfile/registry_files.h"
@@ -28,6 +30,7 @@
 #include "wizard/chm_help_viewer.h"
 #include "wizard/generation_runner.h"
 #include "wizard/model/wizard_connection.h"
+#include "wizard/preview_dialog.h"
 #include "wizard/wizard_view.h"
 
 namespace wizard_test {
@@ -85,7 +88,13 @@ class WizardFixture {
                       return wizard::GenerationWithProgressWindow(fs, registry, prompter)(form);
                     ++generations;
                     return generationResult;
-                  }},
+                  },
+                  wizard::PreviewInDialog(
+                      [this](wizard::WizardForm& form) {
+                        return app::PreviewGeneration(form.State(), fs, registry, form.ZX(),
+                                                      platform::merge::Libgit2Merger);
+                      },
+                      platform::merge::Libgit2Merger)},
         addIn([this] { return MakeForm(); }, prompter) {
     QDir().mkpath(QString::fromStdString(Path("program")));
     QDir::setCurrent(EOW_TEST_DIR "/..");  // the examples' relative paths start there

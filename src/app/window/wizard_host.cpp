@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <iostream>
 
+#include "app/dry_run.h"
 #include "platform/posix/program_folder.h"
 #include "wizard/generation_runner.h"
+#include "wizard/preview_dialog.h"
 #include "wizard/wizard_view.h"
 
 namespace app {
@@ -32,7 +34,13 @@ WizardHost::WizardHost(const WindowStart& start, platform::Prompter& boxes)
                 platform::ProgramFolder().string(),
                 platform::UserDataFolder().string(),
                 start.createAnalysis,
-                wizard::GenerationWithProgressWindow(start.fs, start.registry, prompter_)},
+                wizard::GenerationWithProgressWindow(start.fs, start.registry, prompter_),
+                wizard::PreviewInDialog(
+                    [&start](wizard::WizardForm& form) {
+                      return PreviewGeneration(form.State(), start.fs, start.registry,
+                                               form.ZX(), start.merger);
+                    },
+                    start.merger)},
       addIn_(
           [this] {
             auto form = std::make_unique<wizard::WizardForm>(services_);

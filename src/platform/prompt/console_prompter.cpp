@@ -40,6 +40,18 @@ const char* AnswerWord(MsgAnswer answer) {
 
 }  // namespace
 
+MsgAnswer PolicyAnswer(const Message& question, MsgAnswer policy) {
+  MsgAnswer answer = policy == MsgAnswer::OK ? MsgAnswer::Yes : policy;
+  // Merge where it is offered; elsewhere the answer that keeps the user's work, and Yes
+  // to a question that puts none of it at risk.
+  if (answer == MsgAnswer::Merge && question.buttons != MsgButtons::MergeYesNoCancel) {
+    answer = question.keepsUserWork.value_or(MsgAnswer::Yes);
+  }
+  // A Yes/No box has no Cancel: the policy's Cancel declines.
+  if (answer == MsgAnswer::Cancel) answer = Unanswered(question.buttons);
+  return answer;
+}
+
 ConsolePrompter::ConsolePrompter(std::istream& in, std::ostream& out, bool interactive,
                                  std::optional<MsgAnswer> policy)
     : in_(in), out_(out), interactive_(interactive), policy_(policy) {}
@@ -94,14 +106,7 @@ MsgAnswer ConsolePrompter::Decide(const Message& message) {
          << (buttons == MsgButtons::MergeYesNoCancel ? "|merge" : "") << ".\n";
     return Unanswered(buttons);
   }
-  MsgAnswer answer = *policy_ == MsgAnswer::OK ? MsgAnswer::Yes : *policy_;
-  // Merge where it is offered; elsewhere the answer that keeps the user's work, and Yes
-  // to a question that puts none of it at risk.
-  if (answer == MsgAnswer::Merge && buttons != MsgButtons::MergeYesNoCancel) {
-    answer = message.keepsUserWork.value_or(MsgAnswer::Yes);
-  }
-  // A Yes/No box has no Cancel: the policy's Cancel declines.
-  if (answer == MsgAnswer::Cancel) answer = Unanswered(buttons);
+  const MsgAnswer answer = PolicyAnswer(message, *policy_);
   out_ << "Answered " << AnswerWord(answer) << " (--answer " << AnswerWord(*policy_) << ").\n";
   return answer;
 }

@@ -7,6 +7,11 @@
 
 namespace platform {
 
+// The answer `policy` gives to a question (a box with buttons other than OK), as --answer
+// gives it: Merge where it is offered, else the question's keepsUserWork answer, else Yes;
+// Cancel, where the box has none, declines (No); an OK policy answers Yes.
+MsgAnswer PolicyAnswer(const Message& question, MsgAnswer policy);
+
 class ConsolePrompter : public Prompter {
  public:
   // Messages go to `out`. Questions are asked on `in` when `interactive`; otherwise

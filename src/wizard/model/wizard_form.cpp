@@ -34,6 +34,7 @@ constexpr Caption kCaptions[] = {
     {"btnBack", kBackButton},
     {"btnNext", kNextButton},
     {"btnFinish", kFinishButton},
+    {"btnPreview", kPreviewButton},
     {"lblIntro_Caption", kIntroHeading},
     {"lblIntro(0)", kIntroText1},
     {"lblIntro(1)", kIntroText2},
@@ -302,7 +303,7 @@ void WizardForm::RefreshStep() {
         // the opposite of the text.
         finishPicture_ = FinishPicture::NotYet;
       }
-      tabOrder_ = InOrder({"btnFinish", "btnHelp", "btnCancel"});
+      tabOrder_ = InOrder({"btnFinish", "btnPreview", "btnHelp", "btnCancel"});
       break;
     default:
       break;
@@ -377,7 +378,8 @@ void WizardForm::FocusFirstControl() {
     const bool enabled = stop.control == "btnBack"     ? backEnabled_
                          : stop.control == "btnNext"   ? nextEnabled_
                          : stop.control == "btnFinish" ? state_.btnFinishEnabled
-                                                       : true;
+                         : stop.control == "btnPreview" ? PreviewEnabled()
+                                                        : true;
     if (enabled) {
       for (const auto& [name, field] : kFieldControls) {
         if (name == stop.control) untouched_.insert(field);
@@ -390,6 +392,7 @@ void WizardForm::FocusFirstControl() {
 
 std::string_view WizardForm::HelpTopic() const {
   if (outputs_.Dialog().shown) return kCustomOutputHelpTopic;
+  if (previewShown_) return kPreviewHelpTopic;
   if (CurrentStep < 0 || CurrentStep >= kPageCount) return {};
   return kPageHelpTopics[CurrentStep];
 }
@@ -433,6 +436,17 @@ bool WizardForm::Finish() {
   ShowForm();
   Repaint();
   return false;
+}
+
+bool WizardForm::PreviewVisible() const {
+  return services_.preview && CurrentStep == kPageCount - 1;
+}
+
+void WizardForm::Preview() {
+  if (!PreviewEnabled()) return;
+  previewShown_ = true;
+  services_.preview(*this);
+  previewShown_ = false;
 }
 
 bool WizardForm::TextEdited(Field field, std::string text) {

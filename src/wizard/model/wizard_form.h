@@ -49,6 +49,10 @@ inline constexpr std::array<std::string_view, kPageCount> kPageHelpTopics = {
     "/../../Help/Bravant.chm::/HTML/Wizard.htm",
 };
 
+// The help topic of the preview of a generation, opened from the finish page.
+inline constexpr std::string_view kPreviewHelpTopic =
+    "/../../Help/Bravant.chm::/HTML/WizardPreview.htm";
+
 // What the form asks of the window that shows it. Every call comes from inside one of the
 // form's handlers, on the user-interface thread. The form owns its view and destroys it
 // when it unloads, which can happen inside a handler the view called (Cancel, Finish): a
@@ -79,6 +83,10 @@ using AnalysisFactory = std::function<std::unique_ptr<platform::AnalysisApplicat
 // Generates the project of the form's settings; true on success. The real one runs the
 // generator with a progress window; it reads VBI, ZX() and State() of the form.
 using GenerationRunner = std::function<bool(WizardForm&)>;
+// Shows what generating the form's settings would do, writing nothing and changing
+// neither the form nor the session; returns when the user closes what it shows. It reads
+// ZX() and State() of the form.
+using PreviewRunner = std::function<void(WizardForm&)>;
 
 // The services a form works with. The references must outlive the form.
 struct FormServices {
@@ -94,6 +102,7 @@ struct FormServices {
   std::string userDataFolder;
   AnalysisFactory createAnalysis;
   GenerationRunner generate;
+  PreviewRunner preview = {};  // none: the finish page offers no preview
 };
 
 enum class Button { None, Back, Next, Finish };
@@ -180,6 +189,10 @@ class WizardForm {
   bool BackEnabled() const { return backEnabled_; }
   bool NextEnabled() const { return nextEnabled_; }
   bool FinishEnabled() const { return state_.btnFinishEnabled; }
+  // The finish page's Preview button: shown on that page when there is a preview, and
+  // enabled whenever Finish is.
+  bool PreviewVisible() const;
+  bool PreviewEnabled() const { return PreviewVisible() && FinishEnabled(); }
   // The button that Enter presses; None on page 5 (Enter belongs to the list editors).
   // It may be a disabled button (page 7 without a project location).
   Button DefaultButton() const { return defaultButton_; }
@@ -206,8 +219,8 @@ class WizardForm {
   // program folder; nothing without a topic.
   void Help();
   // The help topic of what is in view: the custom-output dialog's while it is open,
-  // otherwise the page's (the input dialog shares its page's); "" when CurrentStep is
-  // no page.
+  // or the preview's while it is shown, otherwise the page's (the input dialog shares its
+  // page's); "" when CurrentStep is no page.
   std::string_view HelpTopic() const;
   // Both return true when the wizard was closed: the form no longer exists then and
   // the caller must not touch it (nor the view it owned) again. Both save the session
@@ -216,6 +229,9 @@ class WizardForm {
   // replaced without asking (see SessionSaver).
   bool Cancel();
   bool Finish();
+  // Shows what Finish would do (PreviewRunner); ignored while the button is disabled.
+  // While it is shown, Help opens the preview's topic.
+  void Preview();
   // The user typed into a field; nothing is checked until the field is left. A project,
   // model, data or sketch path holding characters that the code page cannot hold, or a
   // control character, is not taken: the field shows it with FieldNotice saying why, the
@@ -267,6 +283,7 @@ class WizardForm {
   InputPage inputs_;
   OutputPage outputs_;
   BasicFilesPicture picture_;
+  bool previewShown_ = false;
   std::set<Field> untouched_;  // given the focus by a page change, not touched since
   vbrt::FileTable files_;
   std::unique_ptr<platform::AnalysisApplication> zx_;

@@ -1,8 +1,8 @@
 // Saves a picture of every page of the wizard filled from the heater example, of the
 // cell editors and dialogs of the parameter pages, of the basic-files page with the
 // converter example's model picture, of what the window tells beside typed text, of the
-// finish page without a project, of message boxes, and of the progress and start-up
-// windows into the build folder, for a person to look at.
+// finish page without a project, of the preview of a generation, of message boxes, and of
+// the progress and start-up windows into the build folder, for a person to look at.
 // The help window is saved as the dialogs open it. The pages and dialogs are also saved
 // reduced into screenshots/help: the help topics show copies of those (help/HTML/images).
 #include <QComboBox>
@@ -10,9 +10,12 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QtTest>
+#include <fstream>
+#include <iterator>
 
 #include "../wizard_fixture.h"
 #include "generator/merge_report.h"
+#include "wizard/generation_runner.h"
 #include "wizard/launch_notice.h"
 #include "wizard/message_box_prompter.h"
 #include "wizard/progress_window.h"
@@ -66,6 +69,34 @@ class PageScreenshots : public QObject {
     ui.Click("btnBack");
     ui.Click("btnNext");
     Save(ui.window, "page4-model-refused.png");
+  }
+
+  // The preview from the finish page of the actuator: without the host's library, its
+  // first generation, and its regeneration over a limit the engineer edited that the
+  // session changes too.
+  void previewOfAFirstGenerationAndOfAMergeWithAConflict() {
+    WizardFixture ui;
+    ui.Connect();
+    ui.Click("btnNext");
+    ui.prompter.Answer(platform::MsgAnswer::Yes);
+    ui.TypeAndLeave("edFile", EOW_EXAMPLES_DIR "/actuator/Actuator.bvg");
+    ui.GoToPage(2);
+    const std::string project = ui.Path("Actuator.vbp");
+    ui.TypeAndLeave("edLocation", project);
+    ui.GoToPage(7);
+    SaveDialog(ui, "btnPreview", "dlgPreview-failed.png");
+    ui.registry.AddFile(EOW_EXAMPLES_DIR "/registry/demo-host.reg");
+    SaveDialog(ui, "btnPreview", "dlgPreview-first.png");
+
+    wizard::WizardForm& form = *ui.addIn.Form();
+    QVERIFY(wizard::GenerationWithProgressWindow(ui.fs, ui.registry, ui.prompter)(form));
+    const std::string cls = ui.Path("Actuator.cls");
+    std::ifstream in(cls, std::ios::binary);
+    std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    text.replace(text.find("        Max = 5\r\n"), 17, "        Max = 4.5\r\n");
+    std::ofstream(cls, std::ios::binary) << text;
+    form.State().lvInput.SetSubItem(0, 5, "6");
+    SaveDialog(ui, "btnPreview", "dlgPreview.png", kForHelp);
   }
 
   void textTheCodePageCannotHold() {

@@ -61,7 +61,8 @@ InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* paren
     : QDialog(parent), forward_(std::move(forward)) {
   setObjectName("dlgInput");
   setWindowTitle(Res(resources::kInputDialogCaption));
-  setModal(true);
+  // It blocks the wizard, not the help window, which the user reads beside it.
+  setWindowModality(Qt::WindowModal);
 
   auto* fields = new QFormLayout;
   for (const FieldRow& row : kFields) {
@@ -96,7 +97,7 @@ InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* paren
   connect(ok_, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Inputs().DialogAccept(); }); });
   connect(cancel, &QPushButton::clicked, this, &InputParameterDialog::reject);
-  // The dialog stands over page 5, so the form's help is the input page's topic.
+  // While the dialog is open the form's help is the dialog's section of the page's topic.
   connect(help, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Help(); }); });
   PressOnF1(this, help);

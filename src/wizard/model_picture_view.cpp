@@ -47,9 +47,10 @@ void Paint(QPainter& painter, const Drawing& drawing, const QFont& base) {
     }
     const QColor colour = Colour(edge.stroke);
     painter.strokePath(path, QPen(colour, edge.strokeWidth, Qt::SolidLine, Qt::RoundCap));
+    if (!edge.arrow) continue;
     painter.setPen(Qt::NoPen);
     painter.setBrush(colour);
-    painter.drawPolygon(Polygon({edge.arrow.begin(), edge.arrow.end()}));
+    painter.drawPolygon(Polygon({edge.arrow->begin(), edge.arrow->end()}));
   }
   for (const DrawnVertex& vertex : drawing.vertices) {
     painter.setPen(vertex.outline.empty() ? QPen(Qt::NoPen)

@@ -31,7 +31,8 @@ OutputParameterDialog::OutputParameterDialog(FormForwarder forward, QWidget* par
     : QDialog(parent), forward_(std::move(forward)) {
   setObjectName("dlgOutput");
   setWindowTitle(Res(resources::kOutputDialogCaption));
-  setModal(true);
+  // It blocks the wizard, not the help window, which the user reads beside it.
+  setWindowModality(Qt::WindowModal);
 
   name_ = AddField("edName", OutputField::Name);
   value_ = AddField("edValue", OutputField::Value);

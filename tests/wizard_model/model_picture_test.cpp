@@ -49,7 +49,7 @@ TEST(ModelPictureTest, DrawsEdgesArcsVerticesBlocksAndLabels) {
   EXPECT_NEAR(cornerArc.startDegrees, 53.1301, 1e-4);
   EXPECT_NEAR(cornerArc.sweepDegrees, -53.1301, 1e-4);
   // The arrow in the middle of the bottom edge points along it, to the right.
-  EXPECT_NEAR(first.arrow[0].x - first.arrow[1].x, 13.5, 1e-9);
+  EXPECT_NEAR((*first.arrow)[0].x - (*first.arrow)[1].x, 13.5, 1e-9);
   EXPECT_EQ(first.stroke, "#333");
 
   ASSERT_EQ(drawing.areas.size(), 2u);

@@ -6,7 +6,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "resources/string_table.h"
 #include "session/session_file.h"
+#include "wizard/model/access_keys.h"
 #include "wizard/model/session_folder.h"
 #include "wizard_test_support.h"
 
@@ -362,13 +364,51 @@ TEST_F(WizardTest, HelpShowsTheTopicOfThePageOrDialogBesideTheProgramFolder) {
   form.Outputs().AddCustomClicked();  // the dialog in view has its own topic
   form.Help();
   form.Outputs().DialogCancel();
+  form.CurrentStep = 5;
+  form.Inputs().AddClicked();  // so has the input dialog: its section of the page's
+  form.Help();
+  form.Inputs().DialogCancel();
   form.CurrentStep = 8;
   form.Help();
   const std::string program = ProgramFolder().string();
   EXPECT_THAT(help_.topics,
               ElementsAre(program + "/../../Help/Bravant.chm::/HTML/Wizard.htm",
                           program + "/../../Help/Bravant.chm::/HTML/WizardSavingFile.htm",
-                          program + "/../../Help/Bravant.chm::/HTML/WizardOutputs.htm#Custom"));
+                          program + "/../../Help/Bravant.chm::/HTML/WizardOutputs.htm#Custom",
+                          program + "/../../Help/Bravant.chm::/HTML/WizardInputs.htm#Dialog"));
+}
+
+// A caption as a control shows it: "&" marks the access key, "&&" shows one "&".
+std::string Shown(const std::string& caption) {
+  std::string shown;
+  for (size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && ++i == caption.size()) break;
+    shown += caption[i];
+  }
+  return shown;
+}
+
+// Within a page, with the buttons below every page, and within a dialog no access key is
+// given twice; each marks a letter of its caption, which reads as it did.
+TEST(AccessKeyTest, UniqueWithinAPageOrDialogAndMarkedInTheirCaptions) {
+  std::map<std::string_view, std::set<char>> used;
+  for (const AccessKey& key : AccessKeys()) {
+    SCOPED_TRACE(std::string(key.control));
+    const std::string caption = resources::LoadResString(key.caption);
+    const std::string marked = WithAccessKey(caption, key.key);
+    const size_t mark = marked.find('&');
+    ASSERT_NE(mark, std::string::npos);
+    EXPECT_EQ(std::toupper(static_cast<unsigned char>(marked[mark + 1])), key.key);
+    EXPECT_EQ(Shown(marked), Shown(caption));
+    EXPECT_EQ(AccessKeyOf(key.control), key.key);
+    EXPECT_TRUE(used[key.scope].insert(key.key).second) << key.scope << " has " << key.key << " twice";
+  }
+  for (const auto& [scope, keys] : used) {
+    if (!scope.starts_with("page")) continue;
+    for (const char key : keys) EXPECT_FALSE(used["bar"].contains(key)) << scope << ": " << key;
+  }
+  EXPECT_EQ(WithAccessKey("Model, Data && Sketch", 'S'), "Model, Data && &Sketch");
+  EXPECT_EQ(WithAccessKey("Help", std::nullopt), "Help");
 }
 
 TEST_F(WizardTest, BrowseButtonsStartWhereTheFieldPointsOrFallBack) {

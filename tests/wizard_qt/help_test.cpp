@@ -1,7 +1,8 @@
 // The help file the build made, as the wizard shows it: every topic the wizard names is in
 // the file and its contents, links, pictures and anchors resolve, the help file is found
 // beside the program or installed, and the help window shows the topic of the page or
-// dialog in view (Help or F1), above the dialog and usable while it is open.
+// dialog in view (Help or F1), in front, also when it was minimised, and usable while the
+// dialog is open.
 #include <QFile>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -26,10 +27,11 @@ namespace {
 
 const std::filesystem::path kBuiltHelp = EOW_HELP_DIR "/Bravant.chm";
 
-// Every help reference the wizard opens: each page's, and the custom-output dialog's.
+// Every help reference the wizard opens: each page's, and the two dialogs'.
 std::vector<std::string_view> NamedTopics() {
   std::vector<std::string_view> topics(wizard::kPageHelpTopics.begin(),
                                        wizard::kPageHelpTopics.end());
+  topics.push_back(wizard::kInputDialogHelpTopic);
   topics.push_back(wizard::kCustomOutputHelpTopic);
   return topics;
 }
@@ -215,7 +217,7 @@ class HelpTest : public QObject {
     QCOMPARE(second.size(), QSize(700, 450));
   }
 
-  void helpAndF1ShowTheTopicInViewAboveItsDialog() {
+  void helpAndF1ShowTheTopicInViewInFrontOfItsDialog() {
     WizardFixture ui(false, wizard_test::Help::FromBuiltFile);
     ui.Connect();
     const auto shown = [&ui] {
@@ -240,7 +242,7 @@ class HelpTest : public QObject {
       std::string_view topic;
     };
     const DialogCase dialogs[] = {
-        {5, "btnInputAdd", wizard::kPageHelpTopics[5]},
+        {5, "btnInputAdd", wizard::kInputDialogHelpTopic},
         {6, "btnOutputCustom", wizard::kCustomOutputHelpTopic},
     };
     for (const DialogCase& c : dialogs) {
@@ -248,6 +250,8 @@ class HelpTest : public QObject {
       ui.GoToPage(c.page);
       auto ran = OnNextDialog([&](QDialog& dialog) {
         for (bool byKey : {false, true}) {
+          // A minimised help window comes back, in front.
+          if (ui.builtHelp.Window() != nullptr) ui.builtHelp.Window()->showMinimized();
           dialog.activateWindow();
           QVERIFY(QTest::qWaitForWindowActive(&dialog));
           if (byKey) {
@@ -257,8 +261,8 @@ class HelpTest : public QObject {
           }
           QCOMPARE(shown(), UrlOf(c.topic));
           wizard::HelpWindow& help = *ui.builtHelp.Window();
-          QCOMPARE(help.windowHandle()->transientParent(), dialog.windowHandle());
           QVERIFY(QTest::qWaitForWindowActive(&help));
+          QVERIFY(!help.isMinimized() && !dialog.isMinimized() && !ui.window->isMinimized());
         }
         // Usable while the dialog is open: a click in the contents shows its topic.
         ClickEntry(*ui.builtHelp.Window(), "Problem");

@@ -112,7 +112,7 @@ class ParameterPagesTest : public QObject {
     ui.Click("btnInputEdit");
     QVERIFY(*ran);
     QCOMPARE(list->topLevelItem(0)->text(0), QString("Coil current"));
-    QVERIFY(QString::fromStdString(ui.help.topics.back()).endsWith("/HTML/WizardInputs.htm"));
+    QVERIFY(QString::fromStdString(ui.help.topics.back()).endsWith("/HTML/WizardInputs.htm#Dialog"));
 
     ui.prompter.Answer(MsgAnswer::Yes);
     ui.Click("btnInputRemove");

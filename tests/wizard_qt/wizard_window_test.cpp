@@ -175,7 +175,8 @@ class WizardWindowTest : public QObject {
     } rows[] = {
         {{"C=" EOW_EXAMPLES_DIR "/coil/drive_c"}, {}},
         {{},
-         {"Model file 'C:\\Models\\Coil\\coil.mod' does not exist.",
+         {"Folder 'C:\\Models\\Coil' does not exist. Create ?",  // answered No
+          "Model file 'C:\\Models\\Coil\\coil.mod' does not exist.",
           "Data file 'C:\\Models\\Coil\\coil.dms' does not exist."}},
     };
     for (const auto& row : rows) {
@@ -191,6 +192,7 @@ class WizardWindowTest : public QObject {
                                    },
                                    platform::merge::Libgit2Merger};
       platform::ScriptedPrompter boxes;
+      if (row.drives.empty()) boxes.Answer(platform::MsgAnswer::No);
       app::WizardHost host(start, boxes);
       QVERIFY(host.Connect());
       std::vector<std::string> shown;

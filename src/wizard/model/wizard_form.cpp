@@ -373,6 +373,7 @@ void WizardForm::FocusFirstControl() {
 
 std::string_view WizardForm::HelpTopic() const {
   if (outputs_.Dialog().shown) return kCustomOutputHelpTopic;
+  if (inputs_.Dialog().shown) return kInputDialogHelpTopic;
   if (CurrentStep < 0 || CurrentStep >= kPageCount) return {};
   return kPageHelpTopics[CurrentStep];
 }
@@ -445,7 +446,8 @@ const std::string& WizardForm::FieldText(Field field) const {
 std::string WizardForm::FieldNotice(Field field) const {
   if (field == Field::Author) return session::CodePageWarning(state_.edAuthor);
   const auto refused = refusedPaths_.find(field);
-  return refused == refusedPaths_.end() ? std::string() : refused->second.notice;
+  if (refused != refusedPaths_.end()) return refused->second.notice;
+  return field == Field::Location ? checks_.MissingFolderNotice() : std::string();
 }
 
 void WizardForm::FieldEntered(Field field) { untouched_.erase(field); }

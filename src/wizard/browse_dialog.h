@@ -1,5 +1,6 @@
 #pragma once
-// The open-file dialog of the browse buttons.
+// The file dialogs: the open-file dialog of the browse buttons, and the save dialog of
+// the sketch tool.
 #include <QWidget>
 #include <optional>
 #include <string>
@@ -12,6 +13,11 @@ namespace wizard {
 // Opens the dialog as `setup` says (folders in the program's path form are mapped
 // through `fs`); the chosen file's full path, or nullopt when the user cancelled.
 std::optional<std::string> AskOpenFile(QWidget* parent, const FileDialogSetup& setup,
+                                       const platform::FileSystem& fs);
+
+// The save dialog, set up the same way; a name typed without extension takes the
+// filter's first one. It does not ask about an existing file: the form does.
+std::optional<std::string> AskSaveFile(QWidget* parent, const FileDialogSetup& setup,
                                        const platform::FileSystem& fs);
 
 }  // namespace wizard

@@ -103,9 +103,11 @@ HelpWindow::HelpWindow() {
   connect(browser_, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
 
   for (QTreeWidget* tree : {contents_, index_}) {
-    connect(tree, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
-      if (item != nullptr && item->data(0, kTopicRole).isValid())
-        browser_->setSource(item->data(0, kTopicRole).toUrl());
+    connect(tree, &QTreeWidget::currentItemChanged, this, [this, tree](QTreeWidgetItem* item) {
+      if (item == nullptr || !item->data(0, kTopicRole).isValid()) return;
+      followingIndex_ = tree == index_;
+      browser_->setSource(item->data(0, kTopicRole).toUrl());
+      followingIndex_ = false;
     });
   }
   connect(browser_, &QTextBrowser::sourceChanged, this, &HelpWindow::TopicShown);
@@ -144,10 +146,22 @@ void HelpWindow::FillLists() {
 void HelpWindow::TopicShown(const QUrl& url) {
   const QString title = browser_->documentTitle();
   setWindowTitle(title.isEmpty() ? "Help" : title + " - Help");
-  for (QTreeWidget* tree : {contents_, index_}) {
-    const QSignalBlocker quiet(tree);
-    tree->setCurrentItem(EntryOf(*tree, url));
+  QTreeWidgetItem* chapter = EntryOf(*contents_, url);
+  const QSignalBlocker quietContents(contents_);
+  contents_->setCurrentItem(chapter);
+  // Many index entries lead to the same topic: the one chosen there stays; otherwise only
+  // the entry named as the contents name the topic stands out, if there is one.
+  if (followingIndex_) return;
+  const QSignalBlocker quietIndex(index_);
+  QTreeWidgetItem* named = nullptr;
+  for (QTreeWidgetItem* entry :
+       index_->findItems(chapter != nullptr ? chapter->text(0) : title, Qt::MatchFixedString)) {
+    if (entry->data(0, kTopicRole).toUrl().adjusted(QUrl::RemoveFragment) ==
+        url.adjusted(QUrl::RemoveFragment))
+      named = entry;
   }
+  index_->setCurrentItem(named);
+  if (named == nullptr) index_->clearSelection();
 }
 
 void HelpWindow::resizeEvent(QResizeEvent* event) {

@@ -41,6 +41,7 @@ class HelpWindow : public QMainWindow {
   HelpBrowser* browser_ = nullptr;
   QTreeWidget* contents_ = nullptr;
   QTreeWidget* index_ = nullptr;
+  bool followingIndex_ = false;  // an index entry was chosen: it stays the current one
 };
 
 }  // namespace wizard

@@ -30,6 +30,7 @@ class QtWizardView : public WizardView {
 
  private:
   QPointer<WizardWindow> window_;
+  QByteArray hiddenAt_;  // where HideForm found the window; empty while it is shown
   std::unique_ptr<LaunchNotice> launch_;
   bool busy_ = false;
 };

@@ -204,6 +204,28 @@ class HelpTest : public QObject {
     QVERIFY(!back->isEnabled());
     forward->trigger();
     QCOMPARE(browser->source().path(), QString("/HTML/WizardProblemProperties.htm"));
+
+    // Of the index entries that lead to a topic, only the one named as the contents name
+    // it stands out, or the one chosen in the index; none when no entry is so named.
+    auto* index = window.findChild<QTreeWidget*>("helpIndex");
+    const auto entry = [&](QTreeWidget* tree, const char* text) {
+      return tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    };
+    const struct {
+      QTreeWidget* chosenIn;
+      const char* entry;
+      const char* indexShows;  // nullptr: nothing
+    } steps[] = {
+        {contents, "Input Parameters", "Input parameters"},
+        {index, "Min and Max", "Min and Max"},
+        {contents, "Model, Data & Sketch", nullptr},
+    };
+    for (const auto& step : steps) {
+      step.chosenIn->setCurrentItem(entry(step.chosenIn, step.entry));
+      QTreeWidgetItem* shown = index->currentItem();
+      QCOMPARE(shown != nullptr ? shown->text(0) : QString(), QString(step.indexShows));
+      QCOMPARE(index->selectedItems().size(), step.indexShows != nullptr ? 1 : 0);
+    }
   }
 
   void helpWindowKeepsItsSizeForTheNextTime() {

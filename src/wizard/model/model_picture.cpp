@@ -17,16 +17,17 @@ constexpr double kNaturalLongerSide = 760;
 constexpr double kNaturalMargin = 60;
 constexpr double kSketchMargin = 24;
 constexpr int kArcSteps = 32;
-constexpr double kNumberGap = 4;          // between an edge and the box of its number
+// Between an edge and the box of its number: near, or farther where near is taken.
+constexpr double kNumberGaps[] = {4, 14, 28};
 constexpr double kVertexLabelOffset = 7;  // right of and above the vertex
 // Where along its edge a number may go, by preference: the middle first. Each place is
-// tried on the edge's left, then on its right.
-constexpr double kNumberPlaces[] = {0.5, 0.35, 0.65, 0.2, 0.8};
-// Widths of a character and heights above and below the baseline, in font sizes: a
-// little more than common sans-serif faces take.
-constexpr double kCharWidth = 0.66;
-constexpr double kBoldCharWidth = 0.74;
+// tried on the edge's left, then on its right, near the edge and then farther.
+constexpr double kNumberPlaces[] = {0.5, 0.35, 0.65, 0.2, 0.8, 0.05, 0.95};
+// Heights above and below the baseline, in font sizes, and how much wider than common
+// sans-serif faces set them the widths of EmWidth are taken (bold ones wider still).
 constexpr double kAscent = 0.95;
+constexpr double kWidthAllowance = 1.08;
+constexpr double kBoldWidth = 1.1;
 constexpr double kDescent = 0.25;
 constexpr double kArrowHalfLength = 6.75;
 constexpr double kArrowHalfWidth = 5.4;
@@ -227,6 +228,17 @@ DrawnEdge DrawEdge(const platform::EdgeGeometry& g, const std::vector<Point2>& t
   return edge;
 }
 
+// The width of a character in common sans-serif faces, in font sizes, by its kind; a
+// character beyond ASCII is taken as wide as the widest.
+double EmWidth(char c) {
+  if (static_cast<unsigned char>(c) >= 0x80) return 1;
+  if (std::string_view(" .,:;'!|iIjl").find(c) != std::string_view::npos) return 0.33;
+  if (std::string_view("frt()[]-/").find(c) != std::string_view::npos) return 0.45;
+  if (std::string_view("mwMW").find(c) != std::string_view::npos) return 0.95;
+  if (c >= 'A' && c <= 'Z') return 0.75;
+  return 0.64;
+}
+
 double Overlap(const TextBox& a, const TextBox& b) {
   const double width = std::min(a.high.x, b.high.x) - std::max(a.low.x, b.low.x);
   const double height = std::min(a.high.y, b.high.y) - std::max(a.low.y, b.low.y);
@@ -242,29 +254,55 @@ double Crowding(const TextBox& box, const std::vector<TextBox>& taken, CanvasSiz
   return crowding + area - Overlap(box, whole);
 }
 
-// Puts the centred `text` of an edge beside it, clear of the edge and of the boxes
-// already `taken`: by preference in the middle and on its left, else at the first of the
-// other places where it is clear, else where it is least in the way.
-void PlaceBeside(DrawnText& text, const std::vector<Point2>& trace,
+// Whether the segments ab and cd cross.
+bool Cross(Point2 a, Point2 b, Point2 c, Point2 d) {
+  const auto side = [](Point2 p, Point2 q, Point2 r) {
+    return (q.x - p.x) * (r.y - p.y) - (q.y - p.y) * (r.x - p.x);
+  };
+  return side(a, b, c) * side(a, b, d) < 0 && side(c, d, a) * side(c, d, b) < 0;
+}
+
+// Whether the way from `from` to `to` crosses an edge other than edge `self`: a number
+// beyond another edge would read as that edge's.
+bool CrossesAnotherEdge(Point2 from, Point2 to, const std::vector<DrawnEdge>& edges, size_t self) {
+  for (size_t e = 0; e < edges.size(); ++e) {
+    const std::vector<Point2>& trace = edges[e].trace;
+    for (size_t i = 1; e != self && i < trace.size(); ++i) {
+      if (Cross(from, to, trace[i - 1], trace[i])) return true;
+    }
+  }
+  return false;
+}
+
+// Puts the centred `text` of edge `self` beside it, on its side of every other edge, clear
+// of the edge and of the boxes already `taken`: by preference near its middle and on its
+// left, else at the first of the other places where it is clear, else where it is least
+// in the way.
+void PlaceBeside(DrawnText& text, const std::vector<DrawnEdge>& edges, size_t self,
                  const std::vector<TextBox>& taken, CanvasSize canvas) {
+  constexpr double kBeyondAnotherEdge = 1e9;
+  const std::vector<Point2>& trace = edges[self].trace;
   text.at = {0, 0};
   const TextBox size = BoxOf(text);
   const double halfWidth = (size.high.x - size.low.x) / 2;
   const double halfHeight = (size.high.y - size.low.y) / 2;
   std::optional<Point2> best;
   double bestCrowding = 0;
-  for (const double side : {1.0, -1.0}) {
-    for (const double t : kNumberPlaces) {
-      const auto [point, direction] = AlongTrace(trace, t);
-      const Point2 left = Times({direction.y, -direction.x}, side);
-      const double distance =
-          kNumberGap + std::abs(left.x) * halfWidth + std::abs(left.y) * halfHeight;
-      text.at = Plus(point, Times(left, distance));
-      const double crowding = Crowding(BoxOf(text), taken, canvas);
-      if (crowding == 0) return;
-      if (!best || crowding < bestCrowding) {
-        best = text.at;
-        bestCrowding = crowding;
+  for (const double gap : kNumberGaps) {
+    for (const double side : {1.0, -1.0}) {
+      for (const double t : kNumberPlaces) {
+        const auto [point, direction] = AlongTrace(trace, t);
+        const Point2 left = Times({direction.y, -direction.x}, side);
+        const double distance = gap + std::abs(left.x) * halfWidth + std::abs(left.y) * halfHeight;
+        text.at = Plus(point, Times(left, distance));
+        const double crowding =
+            Crowding(BoxOf(text), taken, canvas) +
+            (CrossesAnotherEdge(point, text.at, edges, self) ? kBeyondAnotherEdge : 0);
+        if (crowding == 0) return;
+        if (!best || crowding < bestCrowding) {
+          best = text.at;
+          bestCrowding = crowding;
+        }
       }
     }
   }
@@ -408,7 +446,7 @@ Drawing ModelPicture::Lay(CanvasSize canvas, double margin, bool numbered,
     DrawnText text{{}, numbered ? fmt::format("{}{}", e + 1, label.empty() ? "" : ": " + label) : label,
                    kEdgeNumberColour, false, true};
     if (text.text.empty()) continue;
-    PlaceBeside(text, drawing.edges[e].trace, taken, canvas);
+    PlaceBeside(text, drawing.edges, e, taken, canvas);
     taken.push_back(BoxOf(text));
     drawing.texts.push_back(std::move(text));
   }
@@ -423,12 +461,14 @@ std::string ModelPicture::EdgeText(int edge) const {
 }
 
 TextBox BoxOf(const DrawnText& text) {
-  // Characters, not bytes: a label may be written in any script.
-  const auto characters = static_cast<double>(
-      std::count_if(text.text.begin(), text.text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+  double ems = 0;
+  for (const char c : text.text) {
+    // Characters, not bytes: a label may be written in any script.
+    if ((c & 0xC0) != 0x80) ems += EmWidth(c);
+  }
   const double font = Drawing::kFontPixels;
   const double halo = Drawing::kHaloWidth / 2;
-  const double width = characters * font * (text.bold ? kBoldCharWidth : kCharWidth);
+  const double width = ems * font * kWidthAllowance * (text.bold ? kBoldWidth : 1);
   if (text.centred) {
     // Centred on `at` as the renderers centre it: half its width either side, and its
     // letters about the middle.

@@ -96,10 +96,11 @@ InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* paren
   auto* buttons = new QDialogButtonBox;
   ok_ = buttons->addButton(Keyed(resources::kOkButton, "btnOK"), QDialogButtonBox::AcceptRole);
   ok_->setObjectName("btnOK");
-  auto* cancel =
-      buttons->addButton(Keyed(resources::kCancelButton, "btnCancel"), QDialogButtonBox::RejectRole);
+  auto* cancel = buttons->addButton(Keyed(resources::kCancelButton, "btnCancel"),
+                                    QDialogButtonBox::RejectRole);
   cancel->setObjectName("btnCancel");
-  auto* help = buttons->addButton(Keyed(resources::kHelpButton, "btnHelp"), QDialogButtonBox::HelpRole);
+  auto* help =
+      buttons->addButton(Keyed(resources::kHelpButton, "btnHelp"), QDialogButtonBox::HelpRole);
   help->setObjectName("btnHelp");
   connect(ok_, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Inputs().DialogAccept(); }); });

@@ -47,10 +47,11 @@ OutputParameterDialog::OutputParameterDialog(FormForwarder forward, QWidget* par
   auto* buttons = new QDialogButtonBox;
   auto* ok = buttons->addButton(Keyed(resources::kOkButton, "btnOK"), QDialogButtonBox::AcceptRole);
   ok->setObjectName("btnOK");
-  auto* cancel =
-      buttons->addButton(Keyed(resources::kCancelButton, "btnCancel"), QDialogButtonBox::RejectRole);
+  auto* cancel = buttons->addButton(Keyed(resources::kCancelButton, "btnCancel"),
+                                    QDialogButtonBox::RejectRole);
   cancel->setObjectName("btnCancel");
-  auto* help = buttons->addButton(Keyed(resources::kHelpButton, "btnHelp"), QDialogButtonBox::HelpRole);
+  auto* help =
+      buttons->addButton(Keyed(resources::kHelpButton, "btnHelp"), QDialogButtonBox::HelpRole);
   help->setObjectName("btnHelp");
   connect(ok, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Outputs().DialogAccept(); }); });

@@ -378,6 +378,48 @@ TEST_F(WizardTest, HelpShowsTheTopicOfThePageOrDialogBesideTheProgramFolder) {
                           program + "/../../Help/Bravant.chm::/HTML/WizardInputs.htm#Dialog"));
 }
 
+// Saving the sketch: a file that exists is replaced only on Yes, a path the field would
+// not take and a failed write are told, and only a written sketch becomes the sketch file.
+TEST_F(WizardTest, SketchIsSavedOnlyWhereAndWhenTheUserSaysAndThenBecomesTheSketchFile) {
+  WizardForm& form = Start();
+  scratch_.Write("Old.bmp", "old");
+  const struct {
+    std::string file;
+    std::optional<MsgAnswer> replace;  // asked when the file exists
+    const char* failure;               // the writer's, or nullptr
+    std::string told;                  // besides the question
+  } rows[] = {
+      {"Old.bmp", MsgAnswer::No, nullptr, ""},
+      {"New.bmp", std::nullopt, "No space left on device",
+       "The sketch could not be saved as '" + InScratch("New.bmp") + "': No space left on device"},
+      {"张.bmp", std::nullopt, nullptr,
+       "The code page WINDOWS-1252 cannot hold \"张\": a path written with \"?\" would lead "
+       "nowhere, so "
+       "it is not taken."},
+      {"Old.bmp", MsgAnswer::Yes, nullptr, ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.file);
+    const std::string path = InScratch(row.file);
+    if (row.replace) prompter_.Answer(*row.replace);
+    int written = 0;
+    form.SaveSketch(Sketch{}, path, [&](const Drawing&, const std::filesystem::path& file) {
+      EXPECT_EQ(file, path);
+      if (row.failure != nullptr) throw std::runtime_error(row.failure);
+      ++written;
+    });
+    if (row.replace) {
+      EXPECT_EQ(prompter_.shown.at(0).text, "Sketch file '" + path + "' already exists. Replace ?");
+      prompter_.shown.erase(prompter_.shown.begin());
+    }
+    if (!row.told.empty()) ExpectTold(prompter_, row.told, MsgIcon::Exclamation);
+    EXPECT_TRUE(prompter_.shown.empty());
+    const bool saved = row.replace == MsgAnswer::Yes;
+    EXPECT_EQ(written, saved ? 1 : 0);
+    EXPECT_EQ(form.State().theSketch, saved ? path : "");
+  }
+}
+
 // A caption as a control shows it: "&" marks the access key, "&&" shows one "&".
 std::string Shown(const std::string& caption) {
   std::string shown;
@@ -401,7 +443,8 @@ TEST(AccessKeyTest, UniqueWithinAPageOrDialogAndMarkedInTheirCaptions) {
     EXPECT_EQ(std::toupper(static_cast<unsigned char>(marked[mark + 1])), key.key);
     EXPECT_EQ(Shown(marked), Shown(caption));
     EXPECT_EQ(AccessKeyOf(key.control), key.key);
-    EXPECT_TRUE(used[key.scope].insert(key.key).second) << key.scope << " has " << key.key << " twice";
+    EXPECT_TRUE(used[key.scope].insert(key.key).second)
+        << key.scope << " has " << key.key << " twice";
   }
   for (const auto& [scope, keys] : used) {
     if (!scope.starts_with("page")) continue;

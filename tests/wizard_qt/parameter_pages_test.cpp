@@ -48,6 +48,7 @@ class ParameterPagesTest : public QObject {
     QTest::keyClick(edit, Qt::Key_Return);
     QVERIFY(combo->isVisible() && !edit->isVisible());
     QCOMPARE(combo->geometry(), Cell(*list, 0, 1));
+    QVERIFY(combo->width() >= combo->sizeHint().width());  // its longest type shows whole
     QTest::keyClick(combo, Qt::Key_Return, Qt::ShiftModifier);
     QCOMPARE(edit->geometry(), Cell(*list, 0, 0));
     QTest::keyClick(edit, Qt::Key_Escape);

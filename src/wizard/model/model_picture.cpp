@@ -180,7 +180,8 @@ Point2 Direction(Point2 from, Point2 to) {
 // The point a fraction `t` of the way along a polyline, and the direction there.
 std::pair<Point2, Point2> AlongTrace(const std::vector<Point2>& trace, double t) {
   double length = 0;
-  for (size_t i = 1; i < trace.size(); ++i) length += std::hypot(trace[i].x - trace[i - 1].x, trace[i].y - trace[i - 1].y);
+  for (size_t i = 1; i < trace.size(); ++i)
+    length += std::hypot(trace[i].x - trace[i - 1].x, trace[i].y - trace[i - 1].y);
   double left = length * t;
   for (size_t i = 1; i < trace.size(); ++i) {
     const double piece = std::hypot(trace[i].x - trace[i - 1].x, trace[i].y - trace[i - 1].y);
@@ -435,7 +436,8 @@ Drawing ModelPicture::Lay(CanvasSize canvas, double margin, bool numbered,
   std::vector<DrawnText> blockTexts;
   for (const Block& block : blocks_) {
     const std::string& text = numbered ? block.text : block.label;
-    if (!text.empty()) blockTexts.push_back({frame(block.labelAt), text, kBlockLabelColour, true, true});
+    if (!text.empty())
+      blockTexts.push_back({frame(block.labelAt), text, kBlockLabelColour, true, true});
   }
   std::vector<TextBox> taken;
   for (const auto* texts : {&vertexTexts, &blockTexts}) {
@@ -443,8 +445,8 @@ Drawing ModelPicture::Lay(CanvasSize canvas, double margin, bool numbered,
   }
   for (size_t e = 0; e < edges_.size(); ++e) {
     const std::string& label = edges_[e].label;
-    DrawnText text{{}, numbered ? fmt::format("{}{}", e + 1, label.empty() ? "" : ": " + label) : label,
-                   kEdgeNumberColour, false, true};
+    const std::string number = fmt::format("{}{}", e + 1, label.empty() ? "" : ": " + label);
+    DrawnText text{{}, numbered ? number : label, kEdgeNumberColour, false, true};
     if (text.text.empty()) continue;
     PlaceBeside(text, drawing.edges, e, taken, canvas);
     taken.push_back(BoxOf(text));

@@ -12,7 +12,8 @@ packages=(
   fp-utils help2man dpkg-dev file lintian desktop-file-utils
   locales
   clang libclang-rt-14-dev
-  xvfb openbox xdotool x11-utils x11-xserver-utils x11-apps netpbm
+  # the real-X session test: a server, two window managers, keyboard and mouse, pictures
+  xvfb openbox icewm xdotool x11-utils x11-xserver-utils x11-apps netpbm
 )
 
 missing=()

@@ -1,4 +1,5 @@
-// `eowizard model show FILE [--svg OUT.svg]`: the basic model as the generator sees it.
+// `eowizard model show FILE [--svg OUT.svg] [--bmp OUT.bmp]`: the basic model as the
+// generator sees it, and its sketch as the wizard's "Create sketch file now" saves it.
 #include <fmt/format.h>
 
 #include <fstream>
@@ -10,7 +11,10 @@
 
 #include "app/commands.h"
 #include "app/model_preview.h"
+#include "app/module_entries.h"
+#include "app/module_loader.h"
 #include "vbrt/error.h"
+#include "wizard/model/model_picture.h"
 
 namespace app {
 namespace {
@@ -18,7 +22,22 @@ namespace {
 struct ShowOptions {
   std::string file;
   std::string svg;
+  std::string bmp;
 };
+
+// The sketch as a bitmap, drawn by the window's module; false after telling why not.
+bool WriteSketch(const platform::BasicModel& model, const std::string& file) {
+  try {
+    const auto write = ModuleEntry<BitmapEntry>(kWindowModule, kBitmapEntry, "Drawing a sketch");
+    write(wizard::ModelPicture(model).DrawSketch(), file);
+    return true;
+  } catch (const ModuleError& e) {
+    std::cerr << "eowizard: " << e.what() << "\n";
+  } catch (const std::runtime_error& e) {
+    std::cerr << fmt::format("eowizard: cannot write '{}': {}\n", file, e.what());
+  }
+  return false;
+}
 
 int ShowModel(const ShowOptions& options) {
   const auto application = CreateAnalysisApplication("Showing a basic model");
@@ -38,6 +57,7 @@ int ShowModel(const ShowOptions& options) {
         return 1;
       }
     }
+    if (!options.bmp.empty() && !WriteSketch(*model, options.bmp)) return 1;
     model->Close();
   } catch (const vbrt::VbError& e) {
     std::cerr << "eowizard: " << e.Description() << "\n";
@@ -56,6 +76,9 @@ void AddModelCommands(CLI::App& cli, int& exitCode) {
       model->add_subcommand("show", "List what generation reads from a basic model");
   show->add_option("FILE", options->file, "Basic model (.geo, .brep, .step)")->required();
   show->add_option("--svg", options->svg, "Also draw the model into this SVG file");
+  show->add_option("--bmp", options->bmp,
+                   "Also save the model's sketch, as the wizard's \"Create sketch file now\" "
+                   "saves it, as this Windows bitmap");
   show->callback([options, &exitCode] { exitCode = ShowModel(*options); });
 }
 

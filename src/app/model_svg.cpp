@@ -68,8 +68,9 @@ void WriteModelSvg(std::ostream& out, const platform::BasicModel& model) {
   for (const wizard::DrawnEdge& edge : drawing.edges) {
     fmt::print(out, "<path d=\"{}\" stroke=\"{}\" stroke-width=\"{}\"/>\n", EdgeData(edge),
                edge.stroke, edge.strokeWidth);
+    if (!edge.arrow) continue;
     fmt::print(out, "<path d=\"{}\" fill=\"{}\"/>\n",
-               PathData({edge.arrow.begin(), edge.arrow.end()}, true), edge.stroke);
+               PathData({edge.arrow->begin(), edge.arrow->end()}, true), edge.stroke);
   }
   out << "</g>\n<g>\n";
   for (const wizard::DrawnVertex& vertex : drawing.vertices) {

@@ -3,6 +3,7 @@
 // exports one entry function under a C name; everything else a module uses of the core
 // (string table, file table, number format, code page, the wizard's model) it resolves
 // against the program, which exports its symbols, so that there is one copy of each.
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -13,6 +14,7 @@
 #include "platform/prompter.h"
 #include "platform/registry.h"
 #include "platform/text_merger.h"
+#include "wizard/model/model_picture.h"
 
 namespace app {
 
@@ -53,5 +55,9 @@ struct WindowStart {
 // Opens the wizard window and runs it until the wizard closes; returns the program's exit
 // code (1 when the window cannot open or the wizard could not start).
 using WindowEntry = int (*)(const WindowStart& start);
+// Writes a drawing to a file as a Windows bitmap, painted as the window paints it, without
+// a display (when the window is not open); throws std::runtime_error saying why it cannot.
+inline constexpr const char* kBitmapEntry = "eowizard_write_bitmap";
+using BitmapEntry = void (*)(const wizard::Drawing& drawing, const std::filesystem::path& file);
 
 }  // namespace app

@@ -4,11 +4,12 @@
 // - A folder or file that cannot be created, probed or deleted while the files folder and
 //   the three file names are chosen ends the run with a message naming the failure;
 //   nothing has been created in the development environment by then.
-// - Converting the basic model into code needs the analysis application; without one the
-//   run ends with a message before anything is asked or created.
-// - From the moment the progress window is shown, every failure ends the run the way a
-//   missing host library does: a critical message that names what failed, the project
-//   removed from the environment, the progress window unloaded, false. The failures are:
+// - Converting the basic model into code needs the analysis application, and every project
+//   needs the host's type library; without either the run ends with a message before
+//   anything is asked, created or copied.
+// - From the moment the progress window is shown, every failure ends the run the same
+//   way: a critical message that names what failed, the project removed from the
+//   environment, the progress window unloaded, false. The failures are:
 //   an error of the environment while the project is created and first saved; a basic
 //   model that cannot be opened or counted (the message names the file and the
 //   application's reason); an error raised while the code is written (a record value that
@@ -98,6 +99,12 @@ bool Generator::Generate(session::FormState& form) {
   if (!form.optModelLink.value && application_ == nullptr) {
     Tell("Error: The basic model '" + form.edModel +
              "' cannot be converted into code: the analysis application is not available.",
+         MsgIcon::Critical);
+    return false;
+  }
+  hostLibrary_ = FindHostTypeLibrary();
+  if (hostLibrary_.empty()) {
+    Tell(LoadResString(kHostLibraryMissing) + "\n" + LoadResString(kHostLibraryHint),
          MsgIcon::Critical);
     return false;
   }
@@ -326,10 +333,7 @@ bool Generator::CreateProject() {
     project_->SetName(kProjectName);
     project_->SetDescription(form_->theName + LoadResString(kProjectDescriptionSuffix));
     project_->GetReferences().AddFromGuid(kAnalysisLibrary, 5, 2);
-
-    const std::string hostLibrary = FindHostTypeLibrary();
-    if (hostLibrary.empty()) return Abandon(LoadResString(kHostLibraryMissing));
-    project_->GetReferences().AddFromGuid(hostLibrary, 2, 0);
+    project_->GetReferences().AddFromGuid(hostLibrary_, 2, 0);
 
     environment_.ActivateWindow(kProjectName);
     const std::string projectPath = PathOf(names_.project.base, ".vbp");

@@ -99,6 +99,7 @@ class Generator : public Emitter {
 
   session::FormState* form_ = nullptr;
   std::string title_;
+  std::string hostLibrary_;  // the host's type library, found before anything is made
   Names names_;
   platform::VBProject* project_ = nullptr;
   platform::VBComponent* classComponent_ = nullptr;

@@ -146,6 +146,7 @@ inline constexpr int kModuleFileExistsAfter = 10083;
 inline constexpr int kGenerationSucceeded = 10091;
 inline constexpr int kProjectDescriptionSuffix = 10401;
 inline constexpr int kHostLibraryMissing = 10660;
+inline constexpr int kHostLibraryHint = 14500;  // the line under kHostLibraryMissing
 // Regeneration over files the user changed since they were generated.
 inline constexpr int kEditedSinceGenerated = 14200;  // second line of an overwrite question
 inline constexpr int kMergeButton = 14201;
@@ -248,6 +249,14 @@ inline constexpr int kNothingSelected = 13103;
 // The basic-files page's picture of the model converted into code.
 inline constexpr int kModelPictureRefused = 14100;  // heading of the reason
 inline constexpr int kModelPictureHint = 14101;
+
+// "Create sketch file now" on the basic-files page.
+inline constexpr int kSketchNoModel = 14400;
+inline constexpr int kSketchUnreadableBefore = 14401;  // + model path + kSketchReason + why
+inline constexpr int kSketchReason = 14402;
+inline constexpr int kSketchExistsAfter = 14403;  // after kSketchMissingBefore + path
+inline constexpr int kSketchNotSavedBefore = 14404;  // + path + kSketchReason + why
+inline constexpr int kSketchSaveFilter = 14405;
 
 // Shared by both parameter pages and their dialogs.
 inline constexpr int kOkButton = 13200;

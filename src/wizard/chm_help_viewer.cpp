@@ -1,7 +1,5 @@
 #include "wizard/chm_help_viewer.h"
 
-#include <QApplication>
-
 namespace wizard {
 
 ChmHelpViewer::ChmHelpViewer(const platform::FileSystem& fs,
@@ -19,7 +17,7 @@ void ChmHelpViewer::ShowTopic(std::string_view fileAndTopic) {
     auto archive = platform::ChmArchive::Open(file);
     if (!archive) continue;
     if (!window_) window_ = std::make_unique<HelpWindow>();
-    window_->ShowTopic(std::move(*archive), file, *reference, QApplication::activeModalWidget());
+    window_->ShowTopic(std::move(*archive), file, *reference);
     return;
   }
 }

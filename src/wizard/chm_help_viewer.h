@@ -18,8 +18,7 @@ class ChmHelpViewer : public platform::HelpViewer {
   explicit ChmHelpViewer(const platform::FileSystem& fs,
                          std::vector<std::filesystem::path> otherFolders = {});
 
-  // Opens the help window on the topic, above the modal dialog that is open (if any); a
-  // missing file or topic does nothing.
+  // Opens the help window on the topic, in front; a missing file or topic does nothing.
   void ShowTopic(std::string_view fileAndTopic) override;
 
   // The help window; nullptr until a topic has been shown.

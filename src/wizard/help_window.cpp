@@ -10,7 +10,6 @@
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
-#include <QWindow>
 #include <utility>
 
 #include "platform/chm/sitemap.h"
@@ -67,11 +66,11 @@ void PressOnF1(QWidget* window, QAbstractButton* help) {
 }
 
 HelpWindow::HelpWindow() {
-  // A dialog of the wizard's, as far as the window manager is concerned, so that it is
-  // told which window the help belongs to (see StandAbove); yet modeless, resizable and
-  // with its own title-bar buttons where the window manager gives dialogs any.
-  setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                 Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
+  // A window of its own, owned by no other: window managers minimise the windows a window
+  // stands above, and the dialogs that stand above it, together with it, so minimising the
+  // help would take the wizard and its dialog along. It is not blocked by the parameter
+  // dialogs, which block only the wizard; Help brings it back to the front.
+  setWindowFlag(Qt::Window);
   setObjectName("HelpWindow");
   setWindowTitle("Help");
   browser_ = new HelpBrowser;
@@ -104,9 +103,11 @@ HelpWindow::HelpWindow() {
   connect(browser_, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
 
   for (QTreeWidget* tree : {contents_, index_}) {
-    connect(tree, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
-      if (item != nullptr && item->data(0, kTopicRole).isValid())
-        browser_->setSource(item->data(0, kTopicRole).toUrl());
+    connect(tree, &QTreeWidget::currentItemChanged, this, [this, tree](QTreeWidgetItem* item) {
+      if (item == nullptr || !item->data(0, kTopicRole).isValid()) return;
+      followingIndex_ = tree == index_;
+      browser_->setSource(item->data(0, kTopicRole).toUrl());
+      followingIndex_ = false;
     });
   }
   connect(browser_, &QTextBrowser::sourceChanged, this, &HelpWindow::TopicShown);
@@ -114,14 +115,14 @@ HelpWindow::HelpWindow() {
 }
 
 bool HelpWindow::ShowTopic(platform::ChmArchive archive, const std::filesystem::path& file,
-                           const platform::HelpReference& reference, QWidget* owner) {
+                           const platform::HelpReference& reference) {
   if (!archive.Read(reference.topic)) return false;
   if (browser_->Archive() == nullptr || file != file_) {
     file_ = file;
     browser_->Open(std::move(archive));
     FillLists();
   }
-  StandAbove(owner);
+  setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
   show();
   raise();
   activateWindow();
@@ -142,27 +143,25 @@ void HelpWindow::FillLists() {
   contents_->expandAll();
 }
 
-void HelpWindow::StandAbove(QWidget* owner) {
-  // A window that a modal dialog owns is not blocked by it, and window managers keep it
-  // above its owner. They learn the owner when the window is mapped: a shown window
-  // whose owner changes, or has closed, is mapped anew.
-  QWindow* ownerWindow = owner != nullptr ? owner->window()->windowHandle() : nullptr;
-  const bool ownerClosed = owned_ && owner_.isNull();
-  if (ownerWindow == owner_ && !ownerClosed) return;
-  if (isVisible()) hide();
-  winId();
-  windowHandle()->setTransientParent(ownerWindow);
-  owner_ = ownerWindow;
-  owned_ = ownerWindow != nullptr;
-}
-
 void HelpWindow::TopicShown(const QUrl& url) {
   const QString title = browser_->documentTitle();
   setWindowTitle(title.isEmpty() ? "Help" : title + " - Help");
-  for (QTreeWidget* tree : {contents_, index_}) {
-    const QSignalBlocker quiet(tree);
-    tree->setCurrentItem(EntryOf(*tree, url));
+  QTreeWidgetItem* chapter = EntryOf(*contents_, url);
+  const QSignalBlocker quietContents(contents_);
+  contents_->setCurrentItem(chapter);
+  // Many index entries lead to the same topic: the one chosen there stays; otherwise only
+  // the entry named as the contents name the topic stands out, if there is one.
+  if (followingIndex_) return;
+  const QSignalBlocker quietIndex(index_);
+  QTreeWidgetItem* named = nullptr;
+  for (QTreeWidgetItem* entry :
+       index_->findItems(chapter != nullptr ? chapter->text(0) : title, Qt::MatchFixedString)) {
+    if (entry->data(0, kTopicRole).toUrl().adjusted(QUrl::RemoveFragment) ==
+        url.adjusted(QUrl::RemoveFragment))
+      named = entry;
   }
+  index_->setCurrentItem(named);
+  if (named == nullptr) index_->clearSelection();
 }
 
 void HelpWindow::resizeEvent(QResizeEvent* event) {

@@ -2,14 +2,12 @@
 // The help window: a topic of the help file beside the file's contents and index, with
 // back and forward. It remembers its size from one run to the next.
 #include <QMainWindow>
-#include <QPointer>
 #include <filesystem>
 
 #include "platform/chm/chm_archive.h"
 
 class QAbstractButton;
 class QTreeWidget;
-class QWindow;
 
 namespace wizard {
 
@@ -26,26 +24,24 @@ class HelpWindow : public QMainWindow {
   HelpWindow();
 
   // Shows `reference`'s topic, scrolled to its anchor, from `archive`, which was opened
-  // from `file` (a file already shown keeps its history and lists). With an `owner` (the
-  // modal dialog that asked for help) the window stands above it and can be used while
-  // it is open. False, and nothing changes, when the file has no such topic.
+  // from `file` (a file already shown keeps its history and lists), in front and at its
+  // normal size, also when it was minimised. False, and nothing changes, when the file
+  // has no such topic.
   bool ShowTopic(platform::ChmArchive archive, const std::filesystem::path& file,
-                 const platform::HelpReference& reference, QWidget* owner);
+                 const platform::HelpReference& reference);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
 
  private:
   void FillLists();
-  void StandAbove(QWidget* owner);
   void TopicShown(const QUrl& url);
 
   std::filesystem::path file_;
-  QPointer<QWindow> owner_;  // the window it was last shown above
-  bool owned_ = false;       // it was shown above one, which may have closed since
   HelpBrowser* browser_ = nullptr;
   QTreeWidget* contents_ = nullptr;
   QTreeWidget* index_ = nullptr;
+  bool followingIndex_ = false;  // an index entry was chosen: it stays the current one
 };
 
 }  // namespace wizard

@@ -14,6 +14,7 @@
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
 #include "wizard/help_window.h"
+#include "wizard/model/access_keys.h"
 #include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
@@ -22,20 +23,24 @@ namespace {
 
 using resources::LoadResString;
 
-QString Res(int number) { return ToQt(LoadResString(number)); }
+// The caption of string `number`, with the access key of `control` marked.
+QString Keyed(int number, const char* control) {
+  return ToQt(WithAccessKey(LoadResString(number), AccessKeyOf(control)));
+}
 
 struct FieldRow {
   const char* name;
   InputField field;
+  const char* labelName;
   int label;
 };
 constexpr FieldRow kFields[] = {
-    {"edName", InputField::Name, resources::kNameLabel},
-    {"edVariable", InputField::Variable, resources::kVariableLabel},
-    {"edUnit", InputField::Unit, resources::kUnitLabel},
-    {"edMin", InputField::Min, resources::kMinLabel},
-    {"edMax", InputField::Max, resources::kMaxLabel},
-    {"edValue", InputField::Value, resources::kDefaultValueLabel},
+    {"edName", InputField::Name, "lblName", resources::kNameLabel},
+    {"edVariable", InputField::Variable, "lblVariable", resources::kVariableLabel},
+    {"edUnit", InputField::Unit, "lblUnit", resources::kUnitLabel},
+    {"edMin", InputField::Min, "lblMin", resources::kMinLabel},
+    {"edMax", InputField::Max, "lblMax", resources::kMaxLabel},
+    {"edValue", InputField::Value, "lblDefault", resources::kDefaultValueLabel},
 };
 
 // The option buttons of grpType, in the page's option order.
@@ -60,23 +65,25 @@ std::string InputDialog::*TextOf(InputField field) {
 InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* parent)
     : QDialog(parent), forward_(std::move(forward)) {
   setObjectName("dlgInput");
-  setWindowTitle(Res(resources::kInputDialogCaption));
-  setModal(true);
+  setWindowTitle(ToQt(LoadResString(resources::kInputDialogCaption)));
+  // It blocks the wizard, not the help window, which the user reads beside it.
+  setWindowModality(Qt::WindowModal);
 
   auto* fields = new QFormLayout;
   for (const FieldRow& row : kFields) {
-    auto* label = new QLabel(LabelText(LoadResString(row.label)));
+    auto* label = new QLabel(Keyed(row.label, row.labelName));
+    label->setObjectName(row.labelName);
     QLineEdit* edit = AddField(row.name, row.field);
     label->setBuddy(edit);
     fields->addRow(label, edit);
   }
 
-  auto* group = new QGroupBox(Res(resources::kTypeGroupCaption));
+  auto* group = new QGroupBox(Keyed(resources::kTypeGroupCaption, "grpType"));
   group->setObjectName("grpType");
   auto* options = new QVBoxLayout(group);
   types_ = new QButtonGroup(this);
   for (int option = 0; option < 3; ++option) {
-    auto* button = new QRadioButton(Res(kOptionCaptions[option]));
+    auto* button = new QRadioButton(Keyed(kOptionCaptions[option], kOptions[option]));
     button->setObjectName(kOptions[option]);
     types_->addButton(button, option);
     options->addWidget(button);
@@ -87,16 +94,18 @@ InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* paren
   });
 
   auto* buttons = new QDialogButtonBox;
-  ok_ = buttons->addButton(Res(resources::kOkButton), QDialogButtonBox::AcceptRole);
+  ok_ = buttons->addButton(Keyed(resources::kOkButton, "btnOK"), QDialogButtonBox::AcceptRole);
   ok_->setObjectName("btnOK");
-  auto* cancel = buttons->addButton(Res(resources::kCancelButton), QDialogButtonBox::RejectRole);
+  auto* cancel = buttons->addButton(Keyed(resources::kCancelButton, "btnCancel"),
+                                    QDialogButtonBox::RejectRole);
   cancel->setObjectName("btnCancel");
-  auto* help = buttons->addButton(Res(resources::kHelpButton), QDialogButtonBox::HelpRole);
+  auto* help =
+      buttons->addButton(Keyed(resources::kHelpButton, "btnHelp"), QDialogButtonBox::HelpRole);
   help->setObjectName("btnHelp");
   connect(ok_, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Inputs().DialogAccept(); }); });
   connect(cancel, &QPushButton::clicked, this, &InputParameterDialog::reject);
-  // The dialog stands over page 5, so the form's help is the input page's topic.
+  // While the dialog is open the form's help is the dialog's section of the page's topic.
   connect(help, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Help(); }); });
   PressOnF1(this, help);

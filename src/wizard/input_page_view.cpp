@@ -12,10 +12,12 @@
 #include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
 #include "wizard/list_view_rows.h"
+#include "wizard/model/access_keys.h"
 #include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
@@ -34,8 +36,11 @@ bool LeavesEditor(const QFocusEvent& event) {
   return event.reason() != Qt::ActiveWindowFocusReason && event.reason() != Qt::PopupFocusReason;
 }
 
-QPushButton* PageButton(const char* name, const QString& caption = {}) {
-  auto* button = new QPushButton(caption);
+// A button of the page; one without a caption number takes the form's caption.
+QPushButton* PageButton(const char* name, int caption = 0) {
+  auto* button = new QPushButton(
+      caption == 0 ? QString()
+                   : ToQt(WithAccessKey(resources::LoadResString(caption), AccessKeyOf(name))));
   button->setObjectName(name);
   button->setAutoDefault(false);  // Enter belongs to the list's editors on this page
   return button;
@@ -89,8 +94,8 @@ InputPageView::InputPageView(QWidget* parent) : QWidget(parent) {
           &InputPageView::PlaceEditor);
   connect(list_->header(), &QHeaderView::sectionResized, this, &InputPageView::PlaceEditor);
 
-  auto* add = PageButton("btnInputAdd", ToQt(resources::LoadResString(resources::kInputAddButton)));
-  auto* edit = PageButton("btnInputEdit", ToQt(resources::LoadResString(resources::kInputEditButton)));
+  auto* add = PageButton("btnInputAdd", resources::kInputAddButton);
+  auto* edit = PageButton("btnInputEdit", resources::kInputEditButton);
   auto* remove = PageButton("btnInputRemove");
   connect(add, &QPushButton::clicked, this, [this] { Do([](InputPage& page) { page.AddClicked(); }); });
   connect(edit, &QPushButton::clicked, this,
@@ -125,6 +130,9 @@ void InputPageView::Show(WizardForm& form) {
   if (combo_->count() == 0) {
     const QSignalBlocker quiet(combo_);
     for (const std::string& type : page.TypeItems()) combo_->addItem(ToQt(type));
+    // The type list laid over a cell shows its longest type whole.
+    list_->setColumnWidth(kColType - 1,
+                          std::max(list_->columnWidth(kColType - 1), combo_->sizeHint().width()));
   }
   ShowListRows(*list_, form.State().lvInput);
   ShowEditor(page.Editor());

@@ -1,83 +1,17 @@
 #include "wizard/model_picture_view.h"
 
-#include <QFontMetricsF>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <functional>
 
+#include "wizard/drawing_painter.h"
 #include "wizard/model/basic_files_picture.h"
 #include "wizard/qt_text.h"
 
 namespace wizard {
-namespace {
-
-QPointF ToPoint(Point2 p) { return {p.x, p.y}; }
-
-QColor Colour(const std::string& name) { return QColor(QString::fromStdString(name)); }
-
-QPolygonF Polygon(const std::vector<Point2>& points) {
-  QPolygonF polygon;
-  for (const Point2& p : points) polygon << ToPoint(p);
-  return polygon;
-}
-
-// Copies the drawing's shapes onto the painter, as the SVG writer copies them into text.
-void Paint(QPainter& painter, const Drawing& drawing, const QFont& base) {
-  painter.setRenderHint(QPainter::Antialiasing);
-  for (const DrawnArea& area : drawing.areas) {
-    QPainterPath path;
-    path.setFillRule(Qt::OddEvenFill);
-    for (const auto& loop : area.loops) {
-      path.addPolygon(Polygon(loop));
-      path.closeSubpath();
-    }
-    painter.fillPath(path, Colour(area.fill));
-  }
-  for (const DrawnEdge& edge : drawing.edges) {
-    QPainterPath path(ToPoint(edge.start));
-    if (edge.radius > 0) {
-      const double r = edge.radius;
-      path.arcTo(QRectF(edge.centre.x - r, edge.centre.y - r, 2 * r, 2 * r), edge.startDegrees,
-                 edge.sweepDegrees);
-    } else {
-      path.lineTo(ToPoint(edge.end));
-    }
-    const QColor colour = Colour(edge.stroke);
-    painter.strokePath(path, QPen(colour, edge.strokeWidth, Qt::SolidLine, Qt::RoundCap));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
-    painter.drawPolygon(Polygon({edge.arrow.begin(), edge.arrow.end()}));
-  }
-  for (const DrawnVertex& vertex : drawing.vertices) {
-    painter.setPen(vertex.outline.empty() ? QPen(Qt::NoPen)
-                                          : QPen(Colour(vertex.outline), vertex.outlineWidth));
-    painter.setBrush(Colour(vertex.fill));
-    painter.drawEllipse(ToPoint(vertex.at), vertex.radius, vertex.radius);
-  }
-  const QPen halo(Qt::white, Drawing::kHaloWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-  for (const DrawnText& text : drawing.texts) {
-    QFont font = base;
-    font.setPixelSize(static_cast<int>(Drawing::kFontPixels));
-    font.setBold(text.bold);
-    const QString words = ToQt(text.text);
-    QPointF at = ToPoint(text.at);
-    if (text.centred) {
-      const QFontMetricsF metrics(font);
-      at += QPointF(-metrics.horizontalAdvance(words) / 2,
-                    (metrics.ascent() - metrics.descent()) / 2);
-    }
-    QPainterPath path;
-    path.addText(at, font, words);
-    painter.strokePath(path, halo);
-    painter.fillPath(path, Colour(text.colour));
-  }
-}
-
-}  // namespace
-
 // The picture itself: drawn at the canvas's size, clicks reported with that size.
 class ModelPictureView::Canvas : public QWidget {
  public:
@@ -99,7 +33,7 @@ class ModelPictureView::Canvas : public QWidget {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::white);
-    if (shown_.Picture() != nullptr) Paint(painter, shown_.Draw(Size()), font());
+    if (shown_.Picture() != nullptr) PaintDrawing(painter, shown_.Draw(Size()), font());
     painter.setPen(palette().color(QPalette::Mid));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -146,6 +80,8 @@ void ModelPictureView::Connect(FormForwarder forward) { forward_ = std::move(for
 void ModelPictureView::Show(WizardForm& form) {
   const BasicFilesPicture& picture = form.Picture();
   const bool drawn = picture.Picture() != nullptr;
+  const bool wasDrawn = !canvas_->isHidden();
+  if (drawn && !wasDrawn) heightWithout_ = window()->height();
   canvas_->setVisible(drawn);
   edge_->setVisible(drawn);
   reason_->setVisible(!picture.Reason().empty());
@@ -154,6 +90,17 @@ void ModelPictureView::Show(WizardForm& form) {
     edge_->setText(ToQt(picture.EdgeText()));
   }
   reason_->setText(ToQt(picture.Reason()));
+  if (wasDrawn && !drawn && heightWithout_ > 0) {
+    // The room the window grew for the picture goes with it. The layouts and the widgets
+    // up to the window learn at once that the picture has gone: a nested layout and a
+    // widget's place in its parent's layout keep the minimum last computed until told.
+    QWidget* window = this->window();
+    for (QLayout* layout : window->findChildren<QLayout*>()) layout->invalidate();
+    for (QWidget* widget = this; !widget->isWindow(); widget = widget->parentWidget())
+      widget->updateGeometry();
+    window->layout()->activate();
+    window->resize(window->width(), std::min(window->height(), heightWithout_));
+  }
 }
 
 }  // namespace wizard

@@ -20,7 +20,8 @@ class ModelPictureView : public QWidget {
 
   // From now on clicks on the picture go through `forward`.
   void Connect(FormForwarder forward);
-  // Shows the form's picture, or its reason, or nothing.
+  // Shows the form's picture, or its reason, or nothing. When the picture goes, the
+  // window gives up the height it grew for it.
   void Show(WizardForm& form);
 
  private:
@@ -30,6 +31,7 @@ class ModelPictureView : public QWidget {
   Canvas* canvas_;  // imgModel
   QLabel* edge_;    // lblModelEdge: the clicked edge
   QLabel* reason_;  // lblModelReason
+  int heightWithout_ = 0;  // the window's height before the picture came
 };
 
 }  // namespace wizard

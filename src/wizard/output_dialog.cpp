@@ -10,16 +10,20 @@
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
 #include "wizard/help_window.h"
+#include "wizard/model/access_keys.h"
 #include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
 namespace wizard {
 namespace {
 
-QString Res(int number) { return ToQt(resources::LoadResString(number)); }
+// The caption of string `number`, with the access key of `control` marked.
+QString Keyed(int number, const char* control) {
+  return ToQt(WithAccessKey(resources::LoadResString(number), AccessKeyOf(control)));
+}
 
 QLabel* Label(const char* name, int caption, QWidget* buddy) {
-  auto* label = new QLabel(LabelText(resources::LoadResString(caption)));
+  auto* label = new QLabel(Keyed(caption, name));
   label->setObjectName(name);
   label->setBuddy(buddy);
   return label;
@@ -30,8 +34,9 @@ QLabel* Label(const char* name, int caption, QWidget* buddy) {
 OutputParameterDialog::OutputParameterDialog(FormForwarder forward, QWidget* parent)
     : QDialog(parent), forward_(std::move(forward)) {
   setObjectName("dlgOutput");
-  setWindowTitle(Res(resources::kOutputDialogCaption));
-  setModal(true);
+  setWindowTitle(ToQt(resources::LoadResString(resources::kOutputDialogCaption)));
+  // It blocks the wizard, not the help window, which the user reads beside it.
+  setWindowModality(Qt::WindowModal);
 
   name_ = AddField("edName", OutputField::Name);
   value_ = AddField("edValue", OutputField::Value);
@@ -40,11 +45,13 @@ OutputParameterDialog::OutputParameterDialog(FormForwarder forward, QWidget* par
   fields->addRow(Label("lblValue", resources::kValueLabel, value_), value_);
 
   auto* buttons = new QDialogButtonBox;
-  auto* ok = buttons->addButton(Res(resources::kOkButton), QDialogButtonBox::AcceptRole);
+  auto* ok = buttons->addButton(Keyed(resources::kOkButton, "btnOK"), QDialogButtonBox::AcceptRole);
   ok->setObjectName("btnOK");
-  auto* cancel = buttons->addButton(Res(resources::kCancelButton), QDialogButtonBox::RejectRole);
+  auto* cancel = buttons->addButton(Keyed(resources::kCancelButton, "btnCancel"),
+                                    QDialogButtonBox::RejectRole);
   cancel->setObjectName("btnCancel");
-  auto* help = buttons->addButton(Res(resources::kHelpButton), QDialogButtonBox::HelpRole);
+  auto* help =
+      buttons->addButton(Keyed(resources::kHelpButton, "btnHelp"), QDialogButtonBox::HelpRole);
   help->setObjectName("btnHelp");
   connect(ok, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Outputs().DialogAccept(); }); });

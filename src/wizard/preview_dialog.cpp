@@ -21,6 +21,7 @@
 #include "wizard/code_highlighter.h"
 #include "wizard/code_view.h"
 #include "wizard/help_window.h"
+#include "wizard/model/access_keys.h"
 #include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
@@ -30,6 +31,11 @@ namespace {
 using generator::DryRunEntry;
 
 QString Res(int number) { return ToQt(resources::LoadResString(number)); }
+
+// A button's caption with its access key.
+QString Caption(int number, std::string_view control) {
+  return ToQt(WithAccessKey(resources::LoadResString(number), AccessKeyOf(control)));
+}
 
 QString AnswerText(platform::MsgAnswer answer) {
   return Res(resources::kPreviewAnswerBase + static_cast<int>(answer));
@@ -78,14 +84,16 @@ PreviewDialog::PreviewDialog(generator::DryRunReport report, platform::TextMerge
     : QDialog(parent), report_(std::move(report)), merger_(std::move(merger)) {
   setObjectName("dlgPreview");
   setWindowTitle(Res(resources::kPreviewTitle));
-  setModal(true);
+  setWindowModality(Qt::WindowModal);  // the help window stays usable beside it
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(report_.generated ? BuildFiles() : BuildFailure(), 1);
 
   auto* buttons = new QDialogButtonBox;
-  auto* close = buttons->addButton(Res(resources::kPreviewClose), QDialogButtonBox::RejectRole);
+  auto* close = buttons->addButton(Caption(resources::kPreviewClose, "btnClose"),
+                                   QDialogButtonBox::RejectRole);
   close->setObjectName("btnClose");
-  auto* helpButton = buttons->addButton(Res(resources::kHelpButton), QDialogButtonBox::HelpRole);
+  auto* helpButton = buttons->addButton(Caption(resources::kHelpButton, "btnHelp"),
+                                        QDialogButtonBox::HelpRole);
   helpButton->setObjectName("btnHelp");
   connect(close, &QPushButton::clicked, this, &QDialog::reject);
   connect(helpButton, &QPushButton::clicked, this, [help = std::move(help)] { help(); });

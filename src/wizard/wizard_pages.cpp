@@ -165,6 +165,17 @@ constexpr PageLayout kPages[] = {
     {"lblFin_Caption", nullptr, BuildFinish},
 };
 
+// The field each label names.
+constexpr std::pair<const char*, const char*> kLabelFields[] = {
+    {"lblSaving_File", "edFile"},        {"lblGeneral_Project", "edLocation"},
+    {"lblGeneral_Author", "edAuthor"},   {"lblProblem_Type", "cmbType"},
+    {"lblProblem_Class", "cmbClass"},    {"lblProblem_Coord", "cmbCoord"},
+    {"lblProblem_Units", "cmbUnit"},     {"lblData_ModelFile", "edModel"},
+    {"lblData_DataFile", "edData"},      {"lblData_Sketch", "edSketch"},
+    {"lblInput_List", "lvInput"},        {"lblOutput_List1", "lvOutput"},
+    {"lblOutput_List2", "lvStandard"},
+};
+
 // Pages whose list or model picture takes the spare height; the others keep their
 // controls at the top.
 bool Stretches(int page) { return page == 4 || page == 5 || page == 6; }
@@ -184,6 +195,11 @@ void PictureStrip::ShowFinish(FinishPicture finish) {
 
 void PictureStrip::paintEvent(QPaintEvent*) {
   QPainter(this).drawPixmap(0, 0, PagePicture(page_, size(), finish_));
+}
+
+void PairLabelsWithFields(QWidget& window) {
+  for (const auto& [label, field] : kLabelFields)
+    window.findChild<QLabel*>(label)->setBuddy(window.findChild<QWidget*>(field));
 }
 
 QWidget* BuildPage(int page) {

@@ -28,4 +28,8 @@ class PictureStrip : public QWidget {
 // controls at the right.
 QWidget* BuildPage(int page);
 
+// Gives each field label of the pages in `window` its field as buddy, so that the label's
+// access key moves the focus there.
+void PairLabelsWithFields(QWidget& window);
+
 }  // namespace wizard

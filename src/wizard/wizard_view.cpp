@@ -1,6 +1,7 @@
 #include "wizard/wizard_view.h"
 
 #include <QApplication>
+#include <utility>
 
 #include "wizard/browse_dialog.h"
 
@@ -19,12 +20,17 @@ QtWizardView::~QtWizardView() {
 }
 
 void QtWizardView::ShowForm() {
+  // Back where it was hidden: window managers place a window shown again by its frame.
+  if (!hiddenAt_.isEmpty()) window_->restoreGeometry(std::exchange(hiddenAt_, {}));
   window_->show();
   window_->raise();
   window_->activateWindow();
 }
 
-void QtWizardView::HideForm() { window_->hide(); }
+void QtWizardView::HideForm() {
+  if (window_->isVisible()) hiddenAt_ = window_->saveGeometry();
+  window_->hide();
+}
 
 void QtWizardView::ShowLaunchNotice(const std::string& caption, const std::string& text) {
   launch_ = std::make_unique<LaunchNotice>(caption, text);

@@ -32,6 +32,7 @@ class QtWizardView : public WizardView {
  private:
   const platform::FileSystem& fs_;
   QPointer<WizardWindow> window_;
+  QByteArray hiddenAt_;  // where HideForm found the window; empty while it is shown
   std::unique_ptr<LaunchNotice> launch_;
   bool busy_ = false;
 };

@@ -18,10 +18,12 @@
 #include "wizard/browse_dialog.h"
 #include "wizard/help_window.h"
 #include "wizard/input_page_view.h"
+#include "wizard/model/access_keys.h"
 #include "wizard/model_picture_view.h"
 #include "wizard/notice_label.h"
 #include "wizard/output_page_view.h"
 #include "wizard/qt_text.h"
+#include "wizard/sketch_bitmap.h"
 #include "wizard/wizard_pages.h"
 
 namespace wizard {
@@ -100,6 +102,7 @@ WizardWindow::WizardWindow(WizardForm& form, const platform::FileSystem& fs)
   // Enter presses only the button the form makes the default, never the focused one.
   for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
   PressOnF1(this, findChild<QPushButton*>("btnHelp"));
+  PairLabelsWithFields(*this);
   ConnectFields();
   ApplyState();
   // As large as the pages ask (the output page: its longest texts whole), within the screen.
@@ -157,6 +160,8 @@ void WizardWindow::ConnectFields() {
     connect(findChild<QPushButton*>(control.name), &QPushButton::clicked, this,
             [this, button = control.button] { Browse(button); });
   }
+  connect(findChild<QPushButton*>("btnCreateSketch"), &QPushButton::clicked, this,
+          &WizardWindow::CreateSketch);
   connect(findChild<QCheckBox*>("chkAsync"), &QCheckBox::clicked, this, [this](bool checked) {
     Forward([=](WizardForm& form) { form.AsyncChanged(checked); });
   });
@@ -178,6 +183,14 @@ void WizardWindow::Browse(wizard::Browse button) {
   if (form_ == nullptr) return;
   const std::optional<std::string> path = AskOpenFile(this, form_->BrowseSetup(button), fs_);
   if (path) Forward([&](WizardForm& form) { form.Browsed(button, *path); });
+}
+
+void WizardWindow::CreateSketch() {
+  std::optional<Sketch> sketch;
+  Forward([&](WizardForm& form) { sketch = form.DrawSketch(); });
+  if (!sketch || form_ == nullptr) return;
+  const std::optional<std::string> path = AskSaveFile(this, sketch->saveAs, fs_);
+  if (path) Forward([&](WizardForm& form) { form.SaveSketch(*sketch, *path, WriteBitmap); });
 }
 
 void WizardWindow::FieldLeft(Field field) {
@@ -232,9 +245,11 @@ void WizardWindow::ApplyCaptions() {
     if (name == "frmWizard") {
       setWindowTitle(ToQt(text));
     } else if (auto* label = findChild<QLabel*>(ToQt(name))) {
-      label->setText(LabelText(text));
+      // Only a label with a field shows an access key; the others show every "&".
+      label->setText(label->buddy() != nullptr ? ToQt(WithAccessKey(text, AccessKeyOf(name)))
+                                               : LabelText(text));
     } else if (auto* button = findChild<QAbstractButton*>(ToQt(name))) {
-      button->setText(ToQt(text));
+      button->setText(ToQt(WithAccessKey(text, AccessKeyOf(name))));
     }
   }
 }

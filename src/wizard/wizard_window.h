@@ -44,6 +44,8 @@ class WizardWindow : public QDialog {
   template <typename Action>
   void Forward(Action action);
   void Browse(wizard::Browse button);
+  // "Create sketch file now": the form draws the sketch, the save dialog names its file.
+  void CreateSketch();
   void FieldLeft(Field field);
   QAbstractButton* ButtonOf(Button button) const;
 

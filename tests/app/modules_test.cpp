@@ -1,5 +1,6 @@
-// Gmsh, Qt and libgit2 are loaded only by what needs them, a module that cannot be loaded
-// is named, and the window takes the shared options. The loaded objects are the dynamic
+// Gmsh, Qt and libgit2 are loaded only by what needs them (Qt by the window and by the
+// sketch of `model show --bmp`), a module that cannot be loaded is named, and the window
+// takes the shared options. The loaded objects are the dynamic
 // loader's own record (LD_DEBUG=files).
 #include <filesystem>
 #include <sstream>
@@ -45,6 +46,7 @@ TEST_F(ModulesTest, OnlyWhatNeedsAModuleLoadsIt) {
     bool gmsh;
     std::string message;  // in the standard output or error
     bool merge = false;
+    bool qt = false;  // the window's module draws a sketch
   } rows[] = {
       {"", "session show --drive C=coil/drive_c coil/Coil.bvg", 0, false, ""},
       {"", "session check --drive C=coil/drive_c coil/Coil.bvg", 0, false, ""},
@@ -59,6 +61,11 @@ TEST_F(ModulesTest, OnlyWhatNeedsAModuleLoadsIt) {
       {root + " " + none, actuator + "yes --dry-run --diff", 1, false,
        "eowizard: Showing the differences (--diff) needs the module eowizard-merge.so"},
       {"", "model show converter/Converter.geo", 0, true, ""},
+      {"env -u DISPLAY -u WAYLAND_DISPLAY",
+       "model show converter/Converter.geo --bmp '" + Path("Converter.bmp") + "'", 0, true, "",
+       false, true},
+      {"", "model show converter/Converter.geo --bmp '" + Path("none/Converter.bmp") + "'", 1,
+       true, "eowizard: cannot write '" + Path("none/Converter.bmp") + "': ", false, true},
       {"env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM",
        "--session coil/Coil.bvg --drive C=coil/drive_c --registry registry/demo-host.reg "
        "--codepage CP1250 --answer yes",
@@ -92,8 +99,14 @@ TEST_F(ModulesTest, OnlyWhatNeedsAModuleLoadsIt) {
     EXPECT_EQ(loaded.find("libgmsh") != std::string::npos, row.gmsh);
     EXPECT_EQ(loaded.find("eowizard-merge.so") != std::string::npos, row.merge);
     EXPECT_EQ(loaded.find("libgit2") != std::string::npos, row.merge);
-    EXPECT_EQ(loaded.find("libQt6"), std::string::npos);
+    EXPECT_EQ(loaded.find("libQt6") != std::string::npos, row.qt);
   }
+  // The sketch, without a display: a Windows bitmap of 480 by 480 pixels (the model is as
+  // high as it is wide).
+  const std::string bitmap = ReadBytes(Path("Converter.bmp"));
+  ASSERT_GT(bitmap.size(), 26u);
+  EXPECT_TRUE(bitmap.starts_with("BM"));
+  EXPECT_EQ(bitmap.substr(18, 8), std::string("\xE0\x01\0\0\xE0\x01\0\0", 8));
   EXPECT_FALSE(std::filesystem::exists(Path("c/Converter.vbp")));
   // The merge that could not be made left the engineer's module and the pristine copies
   // as they were.

@@ -166,11 +166,14 @@ TEST_F(GeneratorTest, MissingHostLibraryLeavesNothingBehind) {
                               "ZXBV.Messenger\\Clsid"}) {
     SCOPED_TRACE(missing);
     ASSERT_EQ(registry_.defaults.erase(missing), 1u);
-    fs::remove_all(scratch_.Path() / "proj/Coil_Files");  // made before the library is looked for
     EXPECT_FALSE(Generate());
-    EXPECT_EQ(LastMessage().text, "Error: ZXBV library not found.");
+    EXPECT_EQ(LastMessage().text,
+              "Error: ZXBV library not found.\nRegister Bravant on this computer, or name a "
+              "registry file that registers it with --registry FILE or EOWIZARD_REGISTRY.");
     EXPECT_EQ(LastMessage().icon, MsgIcon::Critical);
+    EXPECT_FALSE(progress_.shown);
     ExpectNoProject();
+    EXPECT_FALSE(Exists("proj/Coil_Files"));  // looked for before anything is made
   }
 }
 

@@ -49,7 +49,7 @@ TEST(ModelPictureTest, DrawsEdgesArcsVerticesBlocksAndLabels) {
   EXPECT_NEAR(cornerArc.startDegrees, 53.1301, 1e-4);
   EXPECT_NEAR(cornerArc.sweepDegrees, -53.1301, 1e-4);
   // The arrow in the middle of the bottom edge points along it, to the right.
-  EXPECT_NEAR(first.arrow[0].x - first.arrow[1].x, 13.5, 1e-9);
+  EXPECT_NEAR((*first.arrow)[0].x - (*first.arrow)[1].x, 13.5, 1e-9);
   EXPECT_EQ(first.stroke, "#333");
 
   ASSERT_EQ(drawing.areas.size(), 2u);
@@ -106,6 +106,37 @@ TEST(ModelPictureTest, FitsAnyCanvasAndAClickPicksTheNearestEdge) {
   EXPECT_EQ(picture.EdgeText(2),
             "Edge 3: (40, 20) -> (4, 32)  arc   centre (20, 20)  angle 143.13 deg  "
             "label \"Shell\"  left block 1, right none");
+}
+
+// The sketch names what is labelled and nothing else, in the model's proportions within
+// 640 x 480; and in every drawing the texts leave room for each other.
+TEST(ModelPictureTest, SketchShowsNamesOnlyAndNoTextsOverlap) {
+  const ModelPicture picture(ConverterModel());
+  const Drawing sketch = picture.DrawSketch();
+  EXPECT_EQ(sketch.size.width, 480);
+  EXPECT_EQ(sketch.size.height, 480);
+  EXPECT_THAT(Texts(sketch), ElementsAre("Ground", "Shell", "Origin", "Probe", "Steel", "Coil"));
+  for (const DrawnEdge& edge : sketch.edges) EXPECT_FALSE(edge.arrow.has_value());
+
+  FakeBasicModel wide;
+  wide.AddEdge({0, 0}, {80, 20});
+  const Drawing line = ModelPicture(wide).DrawSketch();
+  EXPECT_EQ(line.size.width, 640);
+  EXPECT_EQ(line.size.height, 196);  // 20 of 80 at the scale that fits 640, and the margins
+
+  // The page's picture at the window's first size, where "10" once lay on "1: Ground".
+  for (const Drawing& drawing : {sketch, picture.Draw({948, 258}, 28), picture.DrawNatural()}) {
+    SCOPED_TRACE(testing::Message() << drawing.size.width << "x" << drawing.size.height);
+    for (size_t i = 0; i < drawing.texts.size(); ++i) {
+      const TextBox a = BoxOf(drawing.texts[i]);
+      for (size_t j = i + 1; j < drawing.texts.size(); ++j) {
+        const TextBox b = BoxOf(drawing.texts[j]);
+        EXPECT_FALSE(a.low.x < b.high.x && b.low.x < a.high.x && a.low.y < b.high.y &&
+                     b.low.y < a.high.y)
+            << drawing.texts[i].text << " / " << drawing.texts[j].text;
+      }
+    }
+  }
 }
 
 // The analysis application that the form holds: counts what it opens, and refuses a

@@ -30,8 +30,9 @@ class PageChecksTest : public testing::Test {
     return platform::PosixFileSystem(std::move(drives));
   }
   std::string InScratch(const std::string& name) const { return (scratch_.Path() / name).string(); }
-  void ExpectTold(const std::string& text, MsgIcon icon) {
-    test::ExpectTold(prompter_, text, icon);
+  void ExpectTold(const std::string& text, MsgIcon icon,
+                  platform::MsgButtons buttons = platform::MsgButtons::OK) {
+    test::ExpectTold(prompter_, text, icon, buttons);
   }
 
   ScratchFolder scratch_;
@@ -59,20 +60,49 @@ TEST_F(PageChecksTest, ProjectPathInAnExistingFolderEnablesFinishAndEmptyDisable
   EXPECT_TRUE(prompter_.shown.empty());
 }
 
-TEST_F(PageChecksTest, MissingProjectFolderChangesOnlyTheName) {
-  form_.SetText(TextField::Location, "M:\\Coil.vbp");
-  form_.SetText(TextField::Location, "M:\\missing\\deeper\\Motor.vbp");
-  EXPECT_EQ(form_.theName, "Motor");
-  EXPECT_EQ(form_.theLocation, "M:\\");
-  EXPECT_TRUE(form_.btnFinishEnabled);
-  EXPECT_TRUE(prompter_.shown.empty());
+// The window asks whether to create a missing project folder; unless it is created the
+// project has no location and the check says why. The command line only tells.
+TEST_F(PageChecksTest, MissingProjectFolderIsCreatedOnYesAndNamedBesideTheFieldOtherwise) {
+  scratch_.Write("file", "");
+  const std::string created = (scratch_.Path() / "new" / "deeper").string();
+  const struct {
+    const char* path;
+    MsgAnswer answer;
+    std::string folder;        // as the question names it
+    std::string notCreated;    // the message after Yes, when creating failed
+    std::string theLocation;   // afterwards
+  } cases[] = {
+      {"M:\\missing\\Motor.vbp", MsgAnswer::No, "M:\\missing", "", ""},
+      {"M:\\new\\deeper\\Motor.vbp", MsgAnswer::Yes, "M:\\new\\deeper", "", "M:\\new\\deeper"},
+      {"M:\\file\\sub\\Motor.vbp", MsgAnswer::Yes, "M:\\file\\sub",
+       "Error: Can not create folder 'M:\\file\\sub'", ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.path);
+    form_.SetText(TextField::Location, "M:\\Coil.vbp");
+    prompter_.Answer(c.answer);
+    form_.SetText(TextField::Location, c.path);
+    ASSERT_GE(prompter_.shown.size(), 1u);
+    EXPECT_EQ(prompter_.shown[0].text, "Folder '" + c.folder + "' does not exist. Create ?");
+    EXPECT_EQ(prompter_.shown[0].buttons, platform::MsgButtons::YesNo);
+    EXPECT_EQ(prompter_.shown[0].icon, MsgIcon::Exclamation);
+    prompter_.shown.erase(prompter_.shown.begin());
+    if (!c.notCreated.empty()) ExpectTold(c.notCreated, MsgIcon::Exclamation);
+    EXPECT_TRUE(prompter_.shown.empty());
+    EXPECT_EQ(form_.theName, "Motor");
+    EXPECT_EQ(form_.theLocation, c.theLocation);
+    EXPECT_EQ(form_.btnFinishEnabled, !c.theLocation.empty());
+    EXPECT_EQ(checks_.MissingFolderNotice(),
+              c.theLocation.empty() ? "Folder '" + c.folder + "' does not exist." : "");
+  }
+  EXPECT_TRUE(fs::is_directory(created));
   EXPECT_FALSE(fs::exists(scratch_.Path() / "missing"));
 
   PageChecks telling(files_, registry_, prompter_, {.tellMissingFolder = true});
   form_.edLocation = "Q:\\Models\\Coil.vbp";
   telling.LocationLeft(form_);
   EXPECT_EQ(form_.theName, "Coil");
-  EXPECT_EQ(form_.theLocation, "M:\\");
+  EXPECT_EQ(form_.theLocation, "");  // as it was
   ExpectTold("Folder 'Q:\\Models' does not exist.", MsgIcon::Information);
 }
 
@@ -160,9 +190,11 @@ class SessionFileTest : public PageChecksTest {
 };
 
 TEST_F(SessionFileTest, UnchangedSettingsLoadAtOnceEvenFromAnotherMachine) {
+  prompter_.Answer(MsgAnswer::No);  // the project folder, missing here, is not created
   EXPECT_EQ(Leave(), SessionFileOutcome::Loaded);
-  EXPECT_TRUE(prompter_.shown.empty());
-  // The project folder is missing here, and yet every key of the file is read.
+  ExpectTold("Folder 'Q:\\Elsewhere' does not exist. Create ?", MsgIcon::Exclamation,
+             platform::MsgButtons::YesNo);
+  // Every key of the file is read all the same.
   EXPECT_EQ(form_.edLocation, "Q:\\Elsewhere\\Coil.vbp");
   EXPECT_EQ(form_.theName, "Coil");
   EXPECT_EQ(form_.theLocation, "");
@@ -206,6 +238,47 @@ TEST_F(SessionFileTest, EmptyOrNewPathDoesNothing) {
   EXPECT_TRUE(prompter_.shown.empty());
   EXPECT_TRUE(changed_);
   EXPECT_FALSE(table_.IsOpen(1));
+}
+
+// What the session chose stays a choice: a click on "from file" can be taken back while
+// the same file is named. The wizard still offers conversion for no other file.
+TEST_F(SessionFileTest, IntoCodeOptionsTheSessionChoseStayEnabledForTheSameFile) {
+  using session::FormState;
+  scratch_.Write("Coil.mod", "model");
+  scratch_.Write("Coil.dms", "data");
+  scratch_.Write("Other.mod", "model");
+  scratch_.Write("Chosen.bvg", std::string("[GENERAL]\nAPPLICATION=") + kTitle +
+                                   "\nMODEL=M:\\Coil.mod\nMODELCASE=Generate\n"
+                                   "DATA=M:\\Coil.dms\nDATACASE=Generate\n\n[END]\n");
+  const struct {
+    TextField field;
+    session::OptionButton FormState::*code;
+    session::OptionButton FormState::*link;
+    const char* other;
+  } files[] = {
+      {TextField::Model, &FormState::optModelCode, &FormState::optModelLink, "M:\\Other.mod"},
+      {TextField::Data, &FormState::optDataCode, &FormState::optDataLink, "M:\\Other.mod"},
+  };
+  for (const auto& f : files) {
+    form_.edFile = "M:\\Chosen.bvg";
+    EXPECT_EQ(Leave(), SessionFileOutcome::Loaded);
+    const std::string chosen = f.field == TextField::Model ? form_.edModel : form_.edData;
+    EXPECT_TRUE((form_.*f.code).value);
+    EXPECT_TRUE((form_.*f.code).enabled);
+    (form_.*f.code).value = false;  // "from file" clicked
+    (form_.*f.link).value = true;
+    form_.SetText(f.field, chosen);  // and the field left again
+    EXPECT_TRUE((form_.*f.code).enabled);
+    form_.SetText(f.field, f.other);
+    EXPECT_FALSE((form_.*f.code).enabled);
+    form_.SetText(f.field, chosen);
+    EXPECT_TRUE((form_.*f.code).enabled);
+  }
+  scratch_.Write("Loaded.bvg", std::string("[GENERAL]\nAPPLICATION=") + kTitle +
+                                   "\nMODEL=M:\\Coil.mod\nMODELCASE=Load\n\n[END]\n");
+  form_.edFile = "M:\\Loaded.bvg";
+  EXPECT_EQ(Leave(), SessionFileOutcome::Loaded);
+  EXPECT_FALSE(form_.optModelCode.enabled);
 }
 
 // A device, FIFO, socket or folder is no basic file, and no session: the session page

@@ -6,7 +6,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "resources/string_table.h"
 #include "session/session_file.h"
+#include "wizard/model/access_keys.h"
 #include "wizard/model/session_folder.h"
 #include "wizard_test_support.h"
 
@@ -499,13 +501,94 @@ TEST_F(WizardTest, HelpShowsTheTopicOfThePageOrDialogBesideTheProgramFolder) {
   form.Outputs().AddCustomClicked();  // the dialog in view has its own topic
   form.Help();
   form.Outputs().DialogCancel();
+  form.CurrentStep = 5;
+  form.Inputs().AddClicked();  // so has the input dialog: its section of the page's
+  form.Help();
+  form.Inputs().DialogCancel();
   form.CurrentStep = 8;
   form.Help();
   const std::string program = ProgramFolder().string();
   EXPECT_THAT(help_.topics,
               ElementsAre(program + "/../../Help/Bravant.chm::/HTML/Wizard.htm",
                           program + "/../../Help/Bravant.chm::/HTML/WizardSavingFile.htm",
-                          program + "/../../Help/Bravant.chm::/HTML/WizardOutputs.htm#Custom"));
+                          program + "/../../Help/Bravant.chm::/HTML/WizardOutputs.htm#Custom",
+                          program + "/../../Help/Bravant.chm::/HTML/WizardInputs.htm#Dialog"));
+}
+
+// Saving the sketch: a file that exists is replaced only on Yes, a path the field would
+// not take and a failed write are told, and only a written sketch becomes the sketch file.
+TEST_F(WizardTest, SketchIsSavedOnlyWhereAndWhenTheUserSaysAndThenBecomesTheSketchFile) {
+  WizardForm& form = Start();
+  scratch_.Write("Old.bmp", "old");
+  const struct {
+    std::string file;
+    std::optional<MsgAnswer> replace;  // asked when the file exists
+    const char* failure;               // the writer's, or nullptr
+    std::string told;                  // besides the question
+  } rows[] = {
+      {"Old.bmp", MsgAnswer::No, nullptr, ""},
+      {"New.bmp", std::nullopt, "No space left on device",
+       "The sketch could not be saved as '" + InScratch("New.bmp") + "': No space left on device"},
+      {"张.bmp", std::nullopt, nullptr,
+       "The code page WINDOWS-1252 cannot hold \"张\": a path written with \"?\" would lead "
+       "nowhere, so "
+       "it is not taken."},
+      {"Old.bmp", MsgAnswer::Yes, nullptr, ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.file);
+    const std::string path = InScratch(row.file);
+    if (row.replace) prompter_.Answer(*row.replace);
+    int written = 0;
+    form.SaveSketch(Sketch{}, path, [&](const Drawing&, const std::filesystem::path& file) {
+      EXPECT_EQ(file, path);
+      if (row.failure != nullptr) throw std::runtime_error(row.failure);
+      ++written;
+    });
+    if (row.replace) {
+      EXPECT_EQ(prompter_.shown.at(0).text, "Sketch file '" + path + "' already exists. Replace ?");
+      prompter_.shown.erase(prompter_.shown.begin());
+    }
+    if (!row.told.empty()) ExpectTold(prompter_, row.told, MsgIcon::Exclamation);
+    EXPECT_TRUE(prompter_.shown.empty());
+    const bool saved = row.replace == MsgAnswer::Yes;
+    EXPECT_EQ(written, saved ? 1 : 0);
+    EXPECT_EQ(form.State().theSketch, saved ? path : "");
+  }
+}
+
+// A caption as a control shows it: "&" marks the access key, "&&" shows one "&".
+std::string Shown(const std::string& caption) {
+  std::string shown;
+  for (size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && ++i == caption.size()) break;
+    shown += caption[i];
+  }
+  return shown;
+}
+
+// Within a page, with the buttons below every page, and within a dialog no access key is
+// given twice; each marks a letter of its caption, which reads as it did.
+TEST(AccessKeyTest, UniqueWithinAPageOrDialogAndMarkedInTheirCaptions) {
+  std::map<std::string_view, std::set<char>> used;
+  for (const AccessKey& key : AccessKeys()) {
+    SCOPED_TRACE(std::string(key.control));
+    const std::string caption = resources::LoadResString(key.caption);
+    const std::string marked = WithAccessKey(caption, key.key);
+    const size_t mark = marked.find('&');
+    ASSERT_NE(mark, std::string::npos);
+    EXPECT_EQ(std::toupper(static_cast<unsigned char>(marked[mark + 1])), key.key);
+    EXPECT_EQ(Shown(marked), Shown(caption));
+    EXPECT_EQ(AccessKeyOf(key.control), key.key);
+    EXPECT_TRUE(used[key.scope].insert(key.key).second)
+        << key.scope << " has " << key.key << " twice";
+  }
+  for (const auto& [scope, keys] : used) {
+    if (!scope.starts_with("page")) continue;
+    for (const char key : keys) EXPECT_FALSE(used["bar"].contains(key)) << scope << ": " << key;
+  }
+  EXPECT_EQ(WithAccessKey("Model, Data && Sketch", 'S'), "Model, Data && &Sketch");
+  EXPECT_EQ(WithAccessKey("Help", std::nullopt), "Help");
 }
 
 TEST_F(WizardTest, BrowseButtonsStartWhereTheFieldPointsOrFallBack) {

@@ -1,7 +1,8 @@
 // The help file the build made, as the wizard shows it: every topic the wizard names is in
 // the file and its contents, links, pictures and anchors resolve, the help file is found
 // beside the program or installed, and the help window shows the topic of the page or
-// dialog in view (Help or F1), above the dialog and usable while it is open.
+// dialog in view (Help or F1), in front, also when it was minimised, and usable while the
+// dialog is open.
 #include <QFile>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -26,11 +27,11 @@ namespace {
 
 const std::filesystem::path kBuiltHelp = EOW_HELP_DIR "/Bravant.chm";
 
-// Every help reference the wizard opens: each page's, the custom-output dialog's and the
-// preview's.
+// Every help reference the wizard opens: each page's, the two dialogs' and the preview's.
 std::vector<std::string_view> NamedTopics() {
   std::vector<std::string_view> topics(wizard::kPageHelpTopics.begin(),
                                        wizard::kPageHelpTopics.end());
+  topics.push_back(wizard::kInputDialogHelpTopic);
   topics.push_back(wizard::kCustomOutputHelpTopic);
   topics.push_back(wizard::kPreviewHelpTopic);
   return topics;
@@ -204,6 +205,28 @@ class HelpTest : public QObject {
     QVERIFY(!back->isEnabled());
     forward->trigger();
     QCOMPARE(browser->source().path(), QString("/HTML/WizardProblemProperties.htm"));
+
+    // Of the index entries that lead to a topic, only the one named as the contents name
+    // it stands out, or the one chosen in the index; none when no entry is so named.
+    auto* index = window.findChild<QTreeWidget*>("helpIndex");
+    const auto entry = [&](QTreeWidget* tree, const char* text) {
+      return tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+    };
+    const struct {
+      QTreeWidget* chosenIn;
+      const char* entry;
+      const char* indexShows;  // nullptr: nothing
+    } steps[] = {
+        {contents, "Input Parameters", "Input parameters"},
+        {index, "Min and Max", "Min and Max"},
+        {contents, "Model, Data & Sketch", nullptr},
+    };
+    for (const auto& step : steps) {
+      step.chosenIn->setCurrentItem(entry(step.chosenIn, step.entry));
+      QTreeWidgetItem* shown = index->currentItem();
+      QCOMPARE(shown != nullptr ? shown->text(0) : QString(), QString(step.indexShows));
+      QCOMPARE(index->selectedItems().size(), step.indexShows != nullptr ? 1 : 0);
+    }
   }
 
   void helpWindowKeepsItsSizeForTheNextTime() {
@@ -217,7 +240,7 @@ class HelpTest : public QObject {
     QCOMPARE(second.size(), QSize(700, 450));
   }
 
-  void helpAndF1ShowTheTopicInViewAboveItsDialog() {
+  void helpAndF1ShowTheTopicInViewInFrontOfItsDialog() {
     WizardFixture ui(false, wizard_test::Help::FromBuiltFile);
     ui.Connect();
     const auto shown = [&ui] {
@@ -242,7 +265,7 @@ class HelpTest : public QObject {
       std::string_view topic;
     };
     const DialogCase dialogs[] = {
-        {5, "btnInputAdd", wizard::kPageHelpTopics[5]},
+        {5, "btnInputAdd", wizard::kInputDialogHelpTopic},
         {6, "btnOutputCustom", wizard::kCustomOutputHelpTopic},
         {7, "btnPreview", wizard::kPreviewHelpTopic},  // its failure here: no host library
     };
@@ -253,6 +276,8 @@ class HelpTest : public QObject {
       ui.GoToPage(c.page);
       auto ran = OnNextDialog([&](QDialog& dialog) {
         for (bool byKey : {false, true}) {
+          // A minimised help window comes back, in front.
+          if (ui.builtHelp.Window() != nullptr) ui.builtHelp.Window()->showMinimized();
           dialog.activateWindow();
           QVERIFY(QTest::qWaitForWindowActive(&dialog));
           if (byKey) {
@@ -262,13 +287,16 @@ class HelpTest : public QObject {
           }
           QCOMPARE(shown(), UrlOf(c.topic));
           wizard::HelpWindow& help = *ui.builtHelp.Window();
-          QCOMPARE(help.windowHandle()->transientParent(), dialog.windowHandle());
           QVERIFY(QTest::qWaitForWindowActive(&help));
+          QVERIFY(!help.isMinimized() && !dialog.isMinimized() && !ui.window->isMinimized());
         }
         // Usable while the dialog is open: a click in the contents shows its topic.
         ClickEntry(*ui.builtHelp.Window(), "Problem");
         QCOMPARE(shown().path(), QString("/HTML/WizardProblemProperties.htm"));
       });
+      // As a click does: the dialog opens over the wizard, not over the help window.
+      ui.window->activateWindow();
+      QVERIFY(QTest::qWaitForWindowActive(ui.window));
       ui.Click(c.opens);
       QVERIFY(*ran);
     }

@@ -1,6 +1,8 @@
 // The real wizard window, driven offscreen as a user drives it: what it shows of the
 // form, and what its controls forward.
 #include <QComboBox>
+#include <QFileDialog>
+#include <QImageReader>
 #include <QLabel>
 #include <QRadioButton>
 #include <QtTest>
@@ -10,6 +12,7 @@
 #include "wizard_fixture.h"
 
 using platform::MsgAnswer;
+using wizard_test::OnNextDialog;
 using wizard_test::WizardFixture;
 
 class WizardWindowTest : public QObject {
@@ -142,9 +145,18 @@ class WizardWindowTest : public QObject {
     QCOMPARE(reason->text(), QString("This basic model cannot be converted into code:\nCannot read "
                                      "the basic model 'examples/converter/Converter.geo': curve 3 "
                                      "is an elliptic arc"));
-    // Loaded from file, the model is not converted: nothing to show.
+    // Loaded from file, the model is not converted: nothing to show, and no room kept for it.
+    ui.refusal.clear();
+    const int heightWithout = ui.window->height();
+    ui.Click("btnBack");
+    ui.Click("btnNext");
+    QTRY_VERIFY(canvas->isVisible() && ui.window->height() > heightWithout);
     QTest::mouseClick(ui.Control<QRadioButton>("optModelLink"), Qt::LeftButton);
     QVERIFY(!canvas->isVisible() && !reason->isVisible());
+    QCOMPARE(ui.window->height(), heightWithout);
+    // The session's choice can be taken back.
+    QTest::mouseClick(ui.Control<QRadioButton>("optModelCode"), Qt::LeftButton);
+    QVERIFY(canvas->isVisible());
   }
 
   void pageControlsForwardToTheForm() {
@@ -166,6 +178,95 @@ class WizardWindowTest : public QObject {
     QVERIFY(ui.Control<QRadioButton>("optModelLink")->isChecked());
   }
 
+  // A project in a folder that does not exist: the question, and unless the folder is
+  // created, the field says why there is no project; the finish page is not the first to.
+  void missingProjectFolderIsAskedAboutAndToldBesideTheField() {
+    const struct {
+      MsgAnswer answer;
+      bool created;
+    } rows[] = {{MsgAnswer::No, false}, {MsgAnswer::Yes, true}};
+    for (const auto& row : rows) {
+      WizardFixture ui;
+      ui.Connect();
+      ui.GoToPage(2);
+      const std::string folder = ui.Path("studies/new");
+      ui.prompter.Answer(row.answer);
+      ui.TypeAndLeave("edLocation", folder + "/Walker.vbp");
+      QCOMPARE(ui.prompter.shown.at(0).text, "Folder '" + folder + "' does not exist. Create ?");
+      auto* notice = ui.Control<QLabel>("edLocationNotice");
+      QCOMPARE(notice->isVisible(), !row.created);
+      if (!row.created) QCOMPARE(notice->text(), QString::fromStdString("Folder '" + folder + "' does not exist."));
+      QCOMPARE(QDir(QString::fromStdString(folder)).exists(), row.created);
+      QCOMPARE(ui.Control("btnFinish")->isEnabled(), row.created);
+    }
+  }
+
+  // Without the host's library Finish tells how to make it found, and makes nothing.
+  void finishWithoutTheHostLibraryMakesNothing() {
+    WizardFixture ui(true);
+    ui.Connect();
+    ui.GoToPage(2);
+    ui.TypeAndLeave("edLocation", ui.Path("Demo.vbp"));
+    ui.GoToPage(7);
+    ui.Click("btnFinish");
+    QVERIFY(ui.window->isVisible());
+    const platform::Message& told = ui.prompter.shown.back();
+    QCOMPARE(told.icon, platform::MsgIcon::Critical);
+    QVERIFY2(told.text.starts_with("Error: ZXBV library not found.\nRegister Bravant on this "
+                                   "computer, or name a registry file"),
+             told.text.c_str());
+    QVERIFY(!QDir(QString::fromStdString(ui.Path("Demo_Files"))).exists());
+  }
+
+  // "Create sketch file now": what it says when there is no model to draw, and the
+  // converter's sketch saved as a bitmap beside the model or where the user says, which
+  // then becomes the sketch file.
+  void createSketchFileNowSavesTheModelAsABitmap() {
+    {
+      WizardFixture ui;
+      ui.Connect();
+      ui.GoToPage(4);
+      ui.Click("btnCreateSketch");
+      QCOMPARE(ui.prompter.shown.back().text,
+               std::string("There is no basic model to draw a sketch of: name the basic model "
+                           "file first."));
+    }
+    WizardFixture converter;
+    converter.ShowConverterModel();
+    converter.refusal = "curve 3 is an elliptic arc";
+    converter.Click("btnCreateSketch");
+    QCOMPARE(QString::fromStdString(converter.prompter.shown.back().text),
+             QString("A sketch cannot be drawn of the basic model "
+                     "'examples\\converter\\Converter.geo': Cannot read the basic model "
+                     "'examples/converter/Converter.geo': curve 3 is an elliptic arc"));
+    converter.refusal.clear();
+
+    const QString sketch = QString::fromStdString(converter.Path("Converter sketch.bmp"));
+    QFile(sketch).open(QIODevice::WriteOnly);  // there already: replaced on Yes
+    converter.prompter.Answer(MsgAnswer::Yes);
+    QString proposed;
+    auto ran = OnNextDialog([&](QDialog& dialog) {
+      auto& files = static_cast<QFileDialog&>(dialog);
+      proposed = files.selectedFiles().value(0);
+      files.selectFile(sketch);
+      QMetaObject::invokeMethod(&files, "accept");
+    });
+    converter.Click("btnCreateSketch");
+    QVERIFY(*ran);
+    QCOMPARE(proposed, QDir::current().absoluteFilePath("examples/converter/Converter.bmp"));
+    QCOMPARE(converter.Control<QLineEdit>("edSketch")->text(), sketch);
+    QCOMPARE(converter.addIn.Form()->State().theSketch, sketch.toStdString());
+    QImageReader reader(sketch);
+    QCOMPARE(reader.format(), QByteArray("bmp"));
+    const QImage image = reader.read();
+    QCOMPARE(image.size(), QSize(480, 480));  // the model is as high as it is wide
+    // The steel and the coil in their shades: the middle of the steel above the coil, and
+    // the coil's window left of its name.
+    QCOMPARE(image.pixelColor(160, 270).name(), QString("#f4c28a"));
+    QCOMPARE(image.pixelColor(140, 340).name(), QString("#9fc9eb"));
+    QCOMPARE(image.pixelColor(3, 3).name(), QString("#ffffff"));
+  }
+
   // The window's host, as `eowizard [options] --session FILE` starts it: the session's
   // Windows paths lead to files only through the --drive mapping.
   void sharedOptionsReachTheWindow() {
@@ -175,7 +276,8 @@ class WizardWindowTest : public QObject {
     } rows[] = {
         {{"C=" EOW_EXAMPLES_DIR "/coil/drive_c"}, {}},
         {{},
-         {"Model file 'C:\\Models\\Coil\\coil.mod' does not exist.",
+         {"Folder 'C:\\Models\\Coil' does not exist. Create ?",  // answered No
+          "Model file 'C:\\Models\\Coil\\coil.mod' does not exist.",
           "Data file 'C:\\Models\\Coil\\coil.dms' does not exist."}},
     };
     for (const auto& row : rows) {
@@ -191,6 +293,7 @@ class WizardWindowTest : public QObject {
                                    },
                                    platform::merge::Libgit2Merger};
       platform::ScriptedPrompter boxes;
+      if (row.drives.empty()) boxes.Answer(platform::MsgAnswer::No);
       app::WizardHost host(start, boxes);
       QVERIFY(host.Connect());
       std::vector<std::string> shown;

@@ -2,9 +2,11 @@
 # Drives the wizard window in a real X server (Xvfb, the Openbox window manager, keyboard
 # and mouse from xdotool) through a whole session, as a new user would: a broken session
 # file named on the session page and loaded on Yes, a project path in a folder the code
-# page cannot hold and then a good one, an author and parameters with characters it cannot
-# hold, an input parameter through the dialog with a refused variable, Min above Max and a
-# Default that is no number, a standard and a custom output, Finish, asked before the
+# page cannot hold, one in a folder that does not exist (not created on No, created on
+# Yes) and then a good one, an author and parameters with characters it cannot hold, help
+# minimised and called back from the input page and its dialog (under Openbox and under
+# icewm), an input parameter through the dialog with a refused variable, Min above Max and
+# a Default that is no number, a standard and a custom output, Finish, asked before the
 # broken file is replaced. Then it checks what was written: the session over the broken
 # file, ordered limits, the generated project. Before that, a shorter session: a session
 # file cut short, loaded, then Cancel, answered No when asked whether to replace it; the
@@ -46,15 +48,26 @@ Xvfb -displayfd "$displayfd" -screen 0 1366x768x24 -nolisten tcp >"$work/xvfb.lo
 pids+=($!)
 read -r -t 20 -u "$displayfd" display || fail "Xvfb did not start"
 export DISPLAY=":$display"
-openbox >"$work/openbox.log" 2>&1 &
-pids+=($!)
 # Ready once it says it can activate windows (it names itself a moment before that).
 wm_ready() { xprop -root _NET_SUPPORTED 2>/dev/null | grep -q _NET_ACTIVE_WINDOW; }
-for _ in $(seq 200); do
-  wm_ready && break
-  sleep 0.1
-done
-wm_ready || fail "the window manager did not start"
+wm=""
+start_wm() {
+  xprop -root -remove _NET_SUPPORTED 2>/dev/null || true  # what the last one said
+  HOME="$work/home" "$1" >"$work/$1.log" 2>&1 &
+  wm=$!
+  pids+=("$wm")
+  for _ in $(seq 200); do
+    wm_ready && return
+    sleep 0.1
+  done
+  fail "the window manager $1 did not start"
+}
+# The windows stay; the next window manager takes them over.
+stop_wm() {
+  kill "$wm"
+  wait "$wm" 2>/dev/null || true
+}
+start_wm openbox
 
 # --- Helpers ---
 # The id of the window titled exactly $1, waiting up to 20 s for it.
@@ -97,6 +110,44 @@ type_text() { xdotool type --delay 40 "$1"; settle; }
 # Gives the keyboard to window $1 (after a modal box or dialog closed over it).
 focus() { xdotool windowactivate --sync "$1" 2>/dev/null || true; settle; }
 key() { xdotool key "$@"; settle; }
+# Whether window $1 is minimised, waiting up to 5 s for it to become $2 (yes or no).
+minimised() {
+  for _ in $(seq 50); do
+    local state=no
+    xprop -id "$1" WM_STATE 2>/dev/null | grep -q "window state: Iconic" && state=yes
+    [ "$state" = "$2" ] && return 0
+    sleep 0.1
+  done
+  return 1
+}
+
+# Help from the input page and from its dialog: minimising the help window takes no other
+# window along, and Help brings it back in front. Ends on the input page, the dialog closed.
+help_minimised_and_back() {
+  focus "$w"
+  key F1
+  local help
+  help=$(window "Input Parameters - Help")
+  xdotool windowminimize "$help"
+  minimised "$help" yes || fail "$1: the help window was not minimised"
+  minimised "$w" no || fail "$1: minimising the help minimised the wizard"
+  focus "$w"
+  click "$w" $((WIDTH - 320)) $((HEIGHT - 57))  # Add
+  local dialog
+  dialog=$(window "Input parameter")
+  focus "$dialog"
+  key F1
+  minimised "$help" no || fail "$1: F1 in the dialog did not bring the help back"
+  shot "$help" "help-back-$1"
+  xdotool windowminimize "$help"
+  minimised "$help" yes || fail "$1: the help window was not minimised over the dialog"
+  minimised "$dialog" no || fail "$1: minimising the help minimised the dialog"
+  minimised "$w" no || fail "$1: minimising the help minimised the wizard with the dialog"
+  focus "$dialog"
+  key Escape
+  gone "Input parameter"
+  focus "$w"
+}
 
 wizard_title="Zentrix ExploringObject Wizard"
 box_title="Zentrix Bravant ExploringObject Wizard"
@@ -188,13 +239,33 @@ shot "$failure" broken-session
 key Return
 closed "$failure"
 
-# Page 2: a project folder the code page cannot hold is not taken; then a good one.
+# Page 2: a project folder the code page cannot hold is not taken; one that does not exist
+# is not created on No, and the field says so; it is on Yes. Then a good one.
 focus "$w"
 key alt+n
 click "$w" 600 93 --repeat 3
 type_text "$work/项目/Demo.vbp"
 shot "$w" project-refused
 key ctrl+a
+type_text "$work/studies/new/Walker.vbp"
+key Tab
+question=$(window "$box_title")
+focus "$question"
+shot "$question" folder-question
+key Escape  # No
+closed "$question"
+[ ! -e "$work/studies" ] || fail "the project folder was created on No"
+focus "$w"
+shot "$w" folder-missing
+click "$w" 600 93
+key Tab  # left once more: asked once more
+question=$(window "$box_title")
+focus "$question"
+key Return  # Yes
+closed "$question"
+[ -d "$work/studies/new" ] || fail "the project folder was not created on Yes"
+focus "$w"
+click "$w" 600 93 --repeat 3
 type_text "$work/proj/Demo.vbp"
 key Tab
 click "$w" 600 149 --repeat 3
@@ -202,10 +273,17 @@ type_text "José Müller 张伟"
 key Tab
 shot "$w" author-notice
 
-# Page 5: a parameter through the dialog.
+# Page 5: help, under Openbox and under icewm; then a parameter through the dialog.
 key alt+n
 key alt+n
 key alt+n
+help_minimised_and_back openbox
+stop_wm
+start_wm icewm
+help_minimised_and_back icewm
+stop_wm
+start_wm openbox
+focus "$w"
 click "$w" $((WIDTH - 320)) $((HEIGHT - 57))
 dialog=$(window "Input parameter")
 focus "$dialog"

@@ -2,6 +2,7 @@
 // commands never pay for the toolkit.
 #include <QApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QWidget>
 #include <clocale>
 #include <cstdio>
@@ -13,6 +14,7 @@
 #include "app/module_entries.h"
 #include "app/window/wizard_host.h"
 #include "wizard/message_box_prompter.h"
+#include "wizard/sketch_bitmap.h"
 
 namespace {
 // The server's project name: the title of a message box that names none.
@@ -65,4 +67,19 @@ extern "C" int eowizard_run_window(const app::WindowStart& start) {
   QApplication::exec();
   host.Disconnect();
   return 0;
+}
+
+extern "C" void eowizard_write_bitmap(const wizard::Drawing& drawing,
+                                      const std::filesystem::path& file) {
+  static_assert(std::is_same_v<decltype(&eowizard_write_bitmap), app::BitmapEntry>);
+  // The texts need the toolkit's fonts, which need no display.
+  std::unique_ptr<QGuiApplication> toolkit;
+  if (QCoreApplication::instance() == nullptr) {
+    static char name[] = "eowizard", option[] = "-platform", platform[] = "offscreen";
+    static char* argv[] = {name, option, platform, nullptr};
+    static int argc = 3;
+    toolkit = std::make_unique<QGuiApplication>(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");  // as the window keeps it, see above
+  }
+  wizard::WriteBitmap(drawing, file);
 }

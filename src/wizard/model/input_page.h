@@ -37,6 +37,11 @@ struct CellEditor {
   std::string notice;          // characters of `text` the code page cannot hold, told
 };
 
+// Help topic of dlgInput, relative to the program folder: the dialog's section of the
+// input page's topic.
+inline constexpr std::string_view kInputDialogHelpTopic =
+    "/../../Help/Bravant.chm::/HTML/WizardInputs.htm#Dialog";
+
 // The fields of dlgInput that the user types into.
 enum class InputField { Name, Variable, Unit, Min, Max, Value };
 

@@ -15,9 +15,20 @@ namespace {
 
 constexpr double kNaturalLongerSide = 760;
 constexpr double kNaturalMargin = 60;
+constexpr double kSketchMargin = 24;
 constexpr int kArcSteps = 32;
-constexpr double kNumberDistance = 12;    // from the middle of its edge, on the left
+// Between an edge and the box of its number: near, or farther where near is taken.
+constexpr double kNumberGaps[] = {4, 14, 28};
 constexpr double kVertexLabelOffset = 7;  // right of and above the vertex
+// Where along its edge a number may go, by preference: the middle first. Each place is
+// tried on the edge's left, then on its right, near the edge and then farther.
+constexpr double kNumberPlaces[] = {0.5, 0.35, 0.65, 0.2, 0.8, 0.05, 0.95};
+// Heights above and below the baseline, in font sizes, and how much wider than common
+// sans-serif faces set them the widths of EmWidth are taken (bold ones wider still).
+constexpr double kAscent = 0.95;
+constexpr double kWidthAllowance = 1.08;
+constexpr double kBoldWidth = 1.1;
+constexpr double kDescent = 0.25;
 constexpr double kArrowHalfLength = 6.75;
 constexpr double kArrowHalfWidth = 5.4;
 
@@ -160,16 +171,33 @@ class Frame {
 
 double Degrees(double radians) { return radians * 180 / std::numbers::pi; }
 
-// An edge on the canvas, and where its number goes: beside its middle, on its left.
-struct PlacedEdge {
-  DrawnEdge edge;
-  Point2 numberAt;
-};
+// The unit vector from `from` to `to`; none for a point.
+Point2 Direction(Point2 from, Point2 to) {
+  const Point2 d = Minus(to, from);
+  return Times(d, 1 / std::max(std::hypot(d.x, d.y), 1e-9));
+}
 
-PlacedEdge DrawEdge(const platform::EdgeGeometry& g, const std::vector<Point2>& trace,
-                    const Frame& frame, bool selected) {
+// The point a fraction `t` of the way along a polyline, and the direction there.
+std::pair<Point2, Point2> AlongTrace(const std::vector<Point2>& trace, double t) {
+  double length = 0;
+  for (size_t i = 1; i < trace.size(); ++i)
+    length += std::hypot(trace[i].x - trace[i - 1].x, trace[i].y - trace[i - 1].y);
+  double left = length * t;
+  for (size_t i = 1; i < trace.size(); ++i) {
+    const double piece = std::hypot(trace[i].x - trace[i - 1].x, trace[i].y - trace[i - 1].y);
+    if (left <= piece || i + 1 == trace.size()) {
+      const double k = piece > 0 ? std::min(left / piece, 1.0) : 0;
+      return {Plus(trace[i - 1], Times(Minus(trace[i], trace[i - 1]), k)),
+              Direction(trace[i - 1], trace[i])};
+    }
+    left -= piece;
+  }
+  return {trace.front(), {1, 0}};
+}
+
+DrawnEdge DrawEdge(const platform::EdgeGeometry& g, const std::vector<Point2>& trace,
+                   const Frame& frame, bool selected, bool directed) {
   DrawnEdge edge;
-  Point2 middle, direction;
   edge.start = frame(g.start);
   edge.end = frame(g.end);
   for (const Point2& p : trace) edge.trace.push_back(frame(p));
@@ -179,23 +207,107 @@ PlacedEdge DrawEdge(const platform::EdgeGeometry& g, const std::vector<Point2>& 
     // The canvas shows the model the right way up, so the model's angles hold on it.
     edge.startDegrees = Degrees(std::atan2(g.start.y - g.third.y, g.start.x - g.third.x));
     edge.sweepDegrees = Degrees(g.angle);
-    const size_t k = edge.trace.size() / 2;
-    middle = edge.trace[k];
-    direction = Minus(edge.trace[k + 1], edge.trace[k - 1]);
-  } else {
-    middle = Times(Plus(edge.start, edge.end), 0.5);
-    direction = Minus(edge.end, edge.start);
   }
-  const double length = std::max(std::hypot(direction.x, direction.y), 1e-9);
-  direction = Times(direction, 1 / length);
-  const Point2 across{-direction.y, direction.x};
-  const Point2 back = Minus(middle, Times(direction, kArrowHalfLength));
-  edge.arrow = {Plus(middle, Times(direction, kArrowHalfLength)),
-                Plus(back, Times(across, kArrowHalfWidth)),
-                Minus(back, Times(across, kArrowHalfWidth))};
+  if (directed) {
+    Point2 middle, direction;
+    if (g.angle != 0) {
+      const size_t k = edge.trace.size() / 2;
+      middle = edge.trace[k];
+      direction = Direction(edge.trace[k - 1], edge.trace[k + 1]);
+    } else {
+      middle = Times(Plus(edge.start, edge.end), 0.5);
+      direction = Direction(edge.start, edge.end);
+    }
+    const Point2 across{-direction.y, direction.x};
+    const Point2 back = Minus(middle, Times(direction, kArrowHalfLength));
+    edge.arrow = {{Plus(middle, Times(direction, kArrowHalfLength)),
+                   Plus(back, Times(across, kArrowHalfWidth)),
+                   Minus(back, Times(across, kArrowHalfWidth))}};
+  }
   edge.stroke = selected ? kSelectedEdgeColour : kEdgeColour;
   edge.strokeWidth = selected ? kSelectedEdgeWidth : kEdgeWidth;
-  return {std::move(edge), Plus(middle, Times({direction.y, -direction.x}, kNumberDistance))};
+  return edge;
+}
+
+// The width of a character in common sans-serif faces, in font sizes, by its kind; a
+// character beyond ASCII is taken as wide as the widest.
+double EmWidth(char c) {
+  if (static_cast<unsigned char>(c) >= 0x80) return 1;
+  if (std::string_view(" .,:;'!|iIjl").find(c) != std::string_view::npos) return 0.33;
+  if (std::string_view("frt()[]-/").find(c) != std::string_view::npos) return 0.45;
+  if (std::string_view("mwMW").find(c) != std::string_view::npos) return 0.95;
+  if (c >= 'A' && c <= 'Z') return 0.75;
+  return 0.64;
+}
+
+double Overlap(const TextBox& a, const TextBox& b) {
+  const double width = std::min(a.high.x, b.high.x) - std::max(a.low.x, b.low.x);
+  const double height = std::min(a.high.y, b.high.y) - std::max(a.low.y, b.low.y);
+  return width > 0 && height > 0 ? width * height : 0;
+}
+
+// How much of `box` lies on other texts or off the canvas.
+double Crowding(const TextBox& box, const std::vector<TextBox>& taken, CanvasSize canvas) {
+  double crowding = 0;
+  for (const TextBox& other : taken) crowding += Overlap(box, other);
+  const TextBox whole{{0, 0}, {canvas.width, canvas.height}};
+  const double area = (box.high.x - box.low.x) * (box.high.y - box.low.y);
+  return crowding + area - Overlap(box, whole);
+}
+
+// Whether the segments ab and cd cross.
+bool Cross(Point2 a, Point2 b, Point2 c, Point2 d) {
+  const auto side = [](Point2 p, Point2 q, Point2 r) {
+    return (q.x - p.x) * (r.y - p.y) - (q.y - p.y) * (r.x - p.x);
+  };
+  return side(a, b, c) * side(a, b, d) < 0 && side(c, d, a) * side(c, d, b) < 0;
+}
+
+// Whether the way from `from` to `to` crosses an edge other than edge `self`: a number
+// beyond another edge would read as that edge's.
+bool CrossesAnotherEdge(Point2 from, Point2 to, const std::vector<DrawnEdge>& edges, size_t self) {
+  for (size_t e = 0; e < edges.size(); ++e) {
+    const std::vector<Point2>& trace = edges[e].trace;
+    for (size_t i = 1; e != self && i < trace.size(); ++i) {
+      if (Cross(from, to, trace[i - 1], trace[i])) return true;
+    }
+  }
+  return false;
+}
+
+// Puts the centred `text` of edge `self` beside it, on its side of every other edge, clear
+// of the edge and of the boxes already `taken`: by preference near its middle and on its
+// left, else at the first of the other places where it is clear, else where it is least
+// in the way.
+void PlaceBeside(DrawnText& text, const std::vector<DrawnEdge>& edges, size_t self,
+                 const std::vector<TextBox>& taken, CanvasSize canvas) {
+  constexpr double kBeyondAnotherEdge = 1e9;
+  const std::vector<Point2>& trace = edges[self].trace;
+  text.at = {0, 0};
+  const TextBox size = BoxOf(text);
+  const double halfWidth = (size.high.x - size.low.x) / 2;
+  const double halfHeight = (size.high.y - size.low.y) / 2;
+  std::optional<Point2> best;
+  double bestCrowding = 0;
+  for (const double gap : kNumberGaps) {
+    for (const double side : {1.0, -1.0}) {
+      for (const double t : kNumberPlaces) {
+        const auto [point, direction] = AlongTrace(trace, t);
+        const Point2 left = Times({direction.y, -direction.x}, side);
+        const double distance = gap + std::abs(left.x) * halfWidth + std::abs(left.y) * halfHeight;
+        text.at = Plus(point, Times(left, distance));
+        const double crowding =
+            Crowding(BoxOf(text), taken, canvas) +
+            (CrossesAnotherEdge(point, text.at, edges, self) ? kBeyondAnotherEdge : 0);
+        if (crowding == 0) return;
+        if (!best || crowding < bestCrowding) {
+          best = text.at;
+          bestCrowding = crowding;
+        }
+      }
+    }
+  }
+  text.at = *best;
 }
 
 std::string PointText(Point2 p) { return fmt::format("({}, {})", p.x, p.y); }
@@ -231,6 +343,7 @@ ModelPicture::ModelPicture(const platform::BasicModel& model) {
     Block block;
     const std::string label = model.BlockLabel(b);
     block.text = fmt::format("block {}{}", b + 1, label.empty() ? "" : ": " + label);
+    block.label = label;
     block.loops = BlockLoops(pieces);
     block.labelAt = LabelPlace(block.loops);
     if (label.empty()) {
@@ -262,6 +375,25 @@ Drawing ModelPicture::DrawNatural() const {
 }
 
 Drawing ModelPicture::Draw(CanvasSize canvas, double margin, std::optional<int> selected) const {
+  return Lay(canvas, margin, true, selected);
+}
+
+Drawing ModelPicture::DrawSketch() const {
+  const double width = high_.x - low_.x;
+  const double height = high_.y - low_.y;
+  double scale = std::numeric_limits<double>::max();
+  if (width > 0) scale = (kSketchWidth - 2 * kSketchMargin) / width;
+  if (height > 0) scale = std::min(scale, (kSketchHeight - 2 * kSketchMargin) / height);
+  const CanvasSize canvas =
+      scale == std::numeric_limits<double>::max()
+          ? CanvasSize{kSketchWidth, kSketchHeight}
+          : CanvasSize{std::round(width * scale + 2 * kSketchMargin),
+                       std::round(height * scale + 2 * kSketchMargin)};
+  return Lay(canvas, kSketchMargin, false, std::nullopt);
+}
+
+Drawing ModelPicture::Lay(CanvasSize canvas, double margin, bool numbered,
+                          std::optional<int> selected) const {
   // The largest scale at which the model fits between the margins; a model without
   // extent in one direction (a single line) is fitted in the other.
   double scale = std::numeric_limits<double>::max();
@@ -284,13 +416,13 @@ Drawing ModelPicture::Draw(CanvasSize canvas, double margin, std::optional<int> 
     drawing.areas.push_back(std::move(area));
   }
   for (size_t e = 0; e < edges_.size(); ++e) {
-    const Edge& edge = edges_[e];
-    PlacedEdge placed = DrawEdge(edge.geometry, edge.trace, frame, selected == static_cast<int>(e));
-    drawing.edges.push_back(std::move(placed.edge));
-    const std::string label = edge.label.empty() ? "" : ": " + edge.label;
-    drawing.texts.push_back(
-        {placed.numberAt, fmt::format("{}{}", e + 1, label), kEdgeNumberColour, false, true});
+    drawing.edges.push_back(DrawEdge(edges_[e].geometry, edges_[e].trace, frame,
+                                     selected == static_cast<int>(e), numbered));
   }
+
+  // The names of blocks and vertices stay where they belong; the edges' texts find room
+  // around them and around each other.
+  std::vector<DrawnText> vertexTexts;
   for (const Vertex& vertex : vertices_) {
     const Point2 at = frame(vertex.at);
     drawing.vertices.push_back(vertex.isolated
@@ -298,18 +430,56 @@ Drawing ModelPicture::Draw(CanvasSize canvas, double margin, std::optional<int> 
                                                  kIsolatedOutlineWidth}
                                    : DrawnVertex{at, kVertexRadius, kEdgeColour, "", 0});
     if (vertex.label.empty()) continue;
-    drawing.texts.push_back({{at.x + kVertexLabelOffset, at.y - kVertexLabelOffset},
-                             vertex.label, kVertexLabelColour, false, false});
+    vertexTexts.push_back({{at.x + kVertexLabelOffset, at.y - kVertexLabelOffset},
+                           vertex.label, kVertexLabelColour, false, false});
   }
+  std::vector<DrawnText> blockTexts;
   for (const Block& block : blocks_) {
-    drawing.texts.push_back({frame(block.labelAt), block.text, kBlockLabelColour, true, true});
+    const std::string& text = numbered ? block.text : block.label;
+    if (!text.empty())
+      blockTexts.push_back({frame(block.labelAt), text, kBlockLabelColour, true, true});
   }
+  std::vector<TextBox> taken;
+  for (const auto* texts : {&vertexTexts, &blockTexts}) {
+    for (const DrawnText& text : *texts) taken.push_back(BoxOf(text));
+  }
+  for (size_t e = 0; e < edges_.size(); ++e) {
+    const std::string& label = edges_[e].label;
+    const std::string number = fmt::format("{}{}", e + 1, label.empty() ? "" : ": " + label);
+    DrawnText text{{}, numbered ? number : label, kEdgeNumberColour, false, true};
+    if (text.text.empty()) continue;
+    PlaceBeside(text, drawing.edges, e, taken, canvas);
+    taken.push_back(BoxOf(text));
+    drawing.texts.push_back(std::move(text));
+  }
+  drawing.texts.insert(drawing.texts.end(), vertexTexts.begin(), vertexTexts.end());
+  drawing.texts.insert(drawing.texts.end(), blockTexts.begin(), blockTexts.end());
   return drawing;
 }
 
 std::string ModelPicture::EdgeText(int edge) const {
   const Edge& e = edges_.at(static_cast<size_t>(edge));
   return fmt::format("Edge {}: {}", edge + 1, EdgeSummary(e.geometry, e.label, e.left, e.right));
+}
+
+TextBox BoxOf(const DrawnText& text) {
+  double ems = 0;
+  for (const char c : text.text) {
+    // Characters, not bytes: a label may be written in any script.
+    if ((c & 0xC0) != 0x80) ems += EmWidth(c);
+  }
+  const double font = Drawing::kFontPixels;
+  const double halo = Drawing::kHaloWidth / 2;
+  const double width = ems * font * kWidthAllowance * (text.bold ? kBoldWidth : 1);
+  if (text.centred) {
+    // Centred on `at` as the renderers centre it: half its width either side, and its
+    // letters about the middle.
+    const double half = (kAscent + kDescent) * font / 2;
+    return {{text.at.x - width / 2 - halo, text.at.y - half - halo},
+            {text.at.x + width / 2 + halo, text.at.y + half + halo}};
+  }
+  return {{text.at.x - halo, text.at.y - kAscent * font - halo},
+          {text.at.x + width + halo, text.at.y + kDescent * font + halo}};
 }
 
 std::optional<int> EdgeAt(const Drawing& drawing, Point2 at, double tolerance) {

@@ -38,8 +38,9 @@ struct DrawnEdge {
   double radius = 0;
   double startDegrees = 0;
   double sweepDegrees = 0;
-  std::vector<Point2> trace;    // the edge as a polyline from start to end
-  std::array<Point2, 3> arrow;  // the head in its middle, filled in `stroke`: tip, two barbs
+  std::vector<Point2> trace;  // the edge as a polyline from start to end
+  // The head in its middle, filled in `stroke`: tip, two barbs. None in a sketch.
+  std::optional<std::array<Point2, 3>> arrow;
   std::string stroke;
   double strokeWidth = 0;
 };
@@ -62,7 +63,7 @@ struct DrawnText {
 
 // Drawn in this order on a white canvas: areas, edges with their arrows, vertices, texts.
 // Texts are kFontPixels high and lie on a white halo kHaloWidth wide, so that they read
-// over the lines.
+// over the lines; no two of them overlap where the canvas leaves room.
 struct Drawing {
   static constexpr double kFontPixels = 12;
   static constexpr double kHaloWidth = 3;
@@ -87,6 +88,13 @@ class ModelPicture {
   // sides; the `selected` edge (0-based) stands out.
   Drawing Draw(CanvasSize canvas, double margin,
                std::optional<int> selected = std::nullopt) const;
+  // The model as a sketch for the host: the blocks shaded by label, the edges, and the
+  // labels of blocks, edges and vertices by their names, without numbers, directions or
+  // a selection. The canvas has the model's aspect ratio within kSketchWidth by
+  // kSketchHeight pixels.
+  static constexpr double kSketchWidth = 640;
+  static constexpr double kSketchHeight = 480;
+  Drawing DrawSketch() const;
 
   int EdgeCount() const { return static_cast<int>(edges_.size()); }
   // "Edge 3: " and the edge as the model listing shows it (EdgeSummary).
@@ -106,11 +114,14 @@ class ModelPicture {
     bool isolated = false;
   };
   struct Block {
-    std::string text;  // "block 2: Coil"
+    std::string text;   // "block 2: Coil"
+    std::string label;  // "Coil"; "" when unlabelled
     std::vector<std::vector<Point2>> loops;
     Point2 labelAt;
     std::string fill;
   };
+
+  Drawing Lay(CanvasSize canvas, double margin, bool numbered, std::optional<int> selected) const;
 
   std::vector<Edge> edges_;
   std::vector<Vertex> vertices_;
@@ -118,6 +129,14 @@ class ModelPicture {
   Point2 low_;   // the corners of the box around every edge and vertex
   Point2 high_;
 };
+
+// The room a text takes on the canvas, halo included, as a box from its upper left to its
+// lower right corner; a little wider than common sans-serif faces set it.
+struct TextBox {
+  Point2 low;
+  Point2 high;
+};
+TextBox BoxOf(const DrawnText& text);
 
 // The edge (0-based) whose line passes nearest to `at`, within `tolerance` pixels; none
 // when no edge passes that close.

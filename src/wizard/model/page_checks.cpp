@@ -15,10 +15,6 @@ using platform::MsgButtons;
 using platform::MsgIcon;
 using namespace resources;  // LoadResString and the string numbers
 
-// The question whether to create a missing project folder asks for its texts under this
-// number, which the table does not hold.
-constexpr int kCreateFolderQuestion = 0;
-
 // The project a generation writes is named this; its class is named after the wizard's
 // project, so the ProgID it registers is "Sondel.<project>".
 constexpr std::string_view kGeneratedProject = "Sondel";
@@ -44,6 +40,11 @@ constexpr BasicFileControls kDataControls{
     &session::FormState::optDataCode,   &session::FormState::optDataLink,
     &session::FormState::SelectDataCase, kDataMissingBefore,
     kDataMissingAfter};
+
+// "Folder '…' does not exist."; the model message's ending reads as this one needs.
+std::string FolderMissingText(const std::string& folder) {
+  return LoadResString(kFolderMissingBefore) + folder + LoadResString(kModelMissingAfter);
+}
 
 }  // namespace
 
@@ -72,13 +73,18 @@ SessionFileOutcome PageChecks::SessionFileLeft(session::FormState& form, session
     if (answer == MsgAnswer::No) return SessionFileOutcome::None;
   }
   std::string message;
+  sessionCodeModel_.clear();
+  sessionCodeData_.clear();
   const bool loaded = session::LoadSession(form, io, path, message);
   if (!file) {
     Tell(message, MsgIcon::Exclamation);
     return SessionFileOutcome::None;
   }
   settingsChanged = false;
-  if (loaded) return SessionFileOutcome::Loaded;
+  if (loaded) {
+    KeepSessionChoices(form);
+    return SessionFileOutcome::Loaded;
+  }
   // The reader gives no text for a file that ends too early: an empty box helps nobody.
   Tell(message.empty() ? session::IncompleteSessionMessage(path)
                        : session::UnreadSessionMessage(path, message),
@@ -86,7 +92,20 @@ SessionFileOutcome PageChecks::SessionFileLeft(session::FormState& form, session
   return SessionFileOutcome::Unread;
 }
 
+void PageChecks::KeepSessionChoices(session::FormState& form) {
+  // The wizard never offers conversion on its own; what the session chose for an existing
+  // file stays a choice the user can come back to.
+  for (const bool model : {true, false}) {
+    const BasicFileControls& controls = model ? kModelControls : kDataControls;
+    session::OptionButton& code = form.*controls.code;
+    std::string& chosen = model ? sessionCodeModel_ : sessionCodeData_;
+    chosen = code.value && !(form.*controls.value).empty() ? form.*controls.text : "";
+    if (!chosen.empty()) code.enabled = true;
+  }
+}
+
 void PageChecks::LocationLeft(session::FormState& form) {
+  missingFolder_.clear();
   if (form.edLocation.empty()) {
     form.theName.clear();
     form.theLocation.clear();
@@ -95,19 +114,14 @@ void PageChecks::LocationLeft(session::FormState& form) {
   }
   form.theName = platform::BaseName(form.edLocation);
   const std::string folder = fs_.AbsolutePath(platform::ParentFolder(form.edLocation));
-  if (!fs_.FolderExists(folder)) {
-    // The question whether to create the folder fails at its first text lookup, and that
-    // failure ends the check: theLocation and Finish stay as they were. The window keeps
-    // this behaviour on purpose; only a caller that asked for it hears why.
-    try {
-      LoadResString(kCreateFolderQuestion);
-    } catch (const vbrt::VbError&) {
-      if (options_.tellMissingFolder) {
-        // The model message's ending reads "' does not exist." as this one needs.
-        Tell(LoadResString(kFolderMissingBefore) + folder + LoadResString(kModelMissingAfter),
-             MsgIcon::Information);
-      }
-    }
+  if (options_.tellMissingFolder && !fs_.FolderExists(folder)) {
+    Tell(FolderMissingText(folder), MsgIcon::Information);
+    return;
+  }
+  if (!fs_.FolderExists(folder) && !CreateMissingFolder(folder)) {
+    missingFolder_ = folder;
+    form.theLocation.clear();
+    form.btnFinishEnabled = false;
     return;
   }
   form.theLocation = folder;
@@ -120,6 +134,21 @@ void PageChecks::LocationLeft(session::FormState& form) {
          MsgIcon::Information);
   }
   form.btnFinishEnabled = true;
+}
+
+std::string PageChecks::MissingFolderNotice() const {
+  return missingFolder_.empty() ? std::string() : FolderMissingText(missingFolder_);
+}
+
+bool PageChecks::CreateMissingFolder(const std::string& folder) {
+  const MsgAnswer answer =
+      prompter_.Show({LoadResString(kFolderMissingBefore) + folder + LoadResString(kFolderMissingAfter),
+                      MsgButtons::YesNo, MsgIcon::Exclamation, LoadResString(kAppTitle)});
+  if (answer != MsgAnswer::Yes) return false;
+  if (CreateFolderPath(folder)) return true;
+  Tell(LoadResString(kFolderNotCreatedBefore) + folder + LoadResString(kFolderNotCreatedAfter),
+       MsgIcon::Exclamation);
+  return false;
 }
 
 void PageChecks::ModelLeft(session::FormState& form) { BasicFileLeft(form, true); }
@@ -138,6 +167,7 @@ void PageChecks::BasicFileLeft(session::FormState& form, bool model) {
     link.enabled = false;
   } else if (fs_.FileExists(text)) {
     link.enabled = true;
+    code.enabled = text == (model ? sessionCodeModel_ : sessionCodeData_);
     value = text;
   } else {
     Tell(LoadResString(controls.missingBefore) + text + LoadResString(controls.missingAfter),

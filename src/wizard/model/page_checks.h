@@ -14,8 +14,8 @@
 namespace wizard {
 
 struct PageCheckOptions {
-  // When the project folder does not exist the check ends without a word (the window
-  // does so); the command line sets this to tell the user that the folder is missing.
+  // When the project folder does not exist the window asks whether to create it; the
+  // command line sets this to tell the user that the folder is missing instead.
   bool tellMissingFolder = false;
 };
 
@@ -38,14 +38,21 @@ class PageChecks : public session::FieldHandlers {
   // A failed load is told naming the file: "'…' could not be read completely: " and the
   // reader's words, or "'…' is not a complete session file: …" where the reader gives
   // none. After a load attempt `settingsChanged` is false. A folder, device, FIFO or
-  // socket gets the reader's failure at once, without the question.
+  // socket gets the reader's failure at once, without the question. An "into code"
+  // option that a loaded session chose stays enabled while the field names the same
+  // existing file, so that the choice can be taken back.
   SessionFileOutcome SessionFileLeft(session::FormState& form, session::SessionIo io,
                                      bool& settingsChanged);
 
   // edLocation lost the focus: sets theName and theLocation from the project path and
   // enables Finish; warns when the project's object is registered already. When the
-  // folder does not exist only theName changes.
+  // folder does not exist the user is asked whether to create it (with its parents);
+  // unless it is created, theLocation is emptied, Finish disabled and MissingFolderNotice()
+  // says so. With tellMissingFolder the user is told instead and only theName changes.
   void LocationLeft(session::FormState& form);
+  // "Folder '…' does not exist." for the project folder that the last LocationLeft found
+  // missing and did not create; "" when there is none.
+  std::string MissingFolderNotice() const;
   // edModel / edData lost the focus: theModel / theData and the "from file" options.
   void ModelLeft(session::FormState& form);
   void DataLeft(session::FormState& form);
@@ -63,12 +70,19 @@ class PageChecks : public session::FieldHandlers {
 
  private:
   void BasicFileLeft(session::FormState& form, bool model);
+  // True when the user lets the missing `folder` be created and it was.
+  bool CreateMissingFolder(const std::string& folder);
+  void KeepSessionChoices(session::FormState& form);
   void Tell(const std::string& text, platform::MsgIcon icon);
 
   platform::FileSystem& fs_;
   const platform::Registry& registry_;
   platform::Prompter& prompter_;
   PageCheckOptions options_;
+  std::string missingFolder_;
+  // The model and data paths whose conversion into code the loaded session chose; "".
+  std::string sessionCodeModel_;
+  std::string sessionCodeData_;
 };
 
 }  // namespace wizard

@@ -392,6 +392,7 @@ void WizardForm::FocusFirstControl() {
 
 std::string_view WizardForm::HelpTopic() const {
   if (outputs_.Dialog().shown) return kCustomOutputHelpTopic;
+  if (inputs_.Dialog().shown) return kInputDialogHelpTopic;
   if (previewShown_) return kPreviewHelpTopic;
   if (CurrentStep < 0 || CurrentStep >= kPageCount) return {};
   return kPageHelpTopics[CurrentStep];
@@ -476,7 +477,8 @@ const std::string& WizardForm::FieldText(Field field) const {
 std::string WizardForm::FieldNotice(Field field) const {
   if (field == Field::Author) return session::CodePageWarning(state_.edAuthor);
   const auto refused = refusedPaths_.find(field);
-  return refused == refusedPaths_.end() ? std::string() : refused->second.notice;
+  if (refused != refusedPaths_.end()) return refused->second.notice;
+  return field == Field::Location ? checks_.MissingFolderNotice() : std::string();
 }
 
 void WizardForm::FieldEntered(Field field) { untouched_.erase(field); }
@@ -583,6 +585,7 @@ SaveOutcome WizardForm::SaveSession(SaveReason reason) {
     FileDialogSetup setup = BrowseSetup(Browse::File);
     setup.initialFolder = sessionsFolder_;
     setup.fileName = DefaultSessionFile(services_.fs, sessionsFolder_);
+    setup.askBeforeReplacing = true;
     return view_->AskSaveFile(setup);
   });
 }

@@ -4,6 +4,7 @@
 // forwards the user's actions here; the form talks back through WizardView.
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
@@ -132,7 +133,19 @@ struct FileDialogSetup {
   std::string filter;         // "description|pattern|description|pattern..."
   bool pathMustExist = false;
   bool fileMustExist = false;
+  // A save dialog asks before an existing file is replaced; false where the form asks.
+  bool askBeforeReplacing = false;
 };
+
+// What "Create sketch file now" offers to save: the basic model's sketch, and how the
+// save dialog opens.
+struct Sketch {
+  Drawing drawing;
+  FileDialogSetup saveAs;
+};
+// Writes `drawing` to `file` as a Windows bitmap, replacing it; throws std::exception
+// saying why when it cannot, leaving no partial file behind.
+using BitmapWriter = std::function<void(const Drawing& drawing, const std::filesystem::path& file)>;
 
 class WizardForm {
  public:
@@ -218,9 +231,9 @@ class WizardForm {
   // Help (the button or F1, on a page or in a dialog): opens HelpTopic() beside the
   // program folder; nothing without a topic.
   void Help();
-  // The help topic of what is in view: the custom-output dialog's while it is open,
-  // or the preview's while it is shown, otherwise the page's (the input dialog shares its
-  // page's); "" when CurrentStep is no page.
+  // The help topic of what is in view: the input or custom-output dialog's while it is
+  // open, or the preview's while it is shown, otherwise the page's; "" when CurrentStep
+  // is no page.
   std::string_view HelpTopic() const;
   // Both return true when the wizard was closed: the form no longer exists then and
   // the caller must not touch it (nor the view it owned) again. Both save the session
@@ -242,7 +255,8 @@ class WizardForm {
   // What the field shows: its text in the record, or the path it did not take.
   const std::string& FieldText(Field field) const;
   // What the user is told beside the field: the characters of its text that the code page
-  // cannot hold, or why a path was not taken; "" when there is nothing to tell.
+  // cannot hold, why a path was not taken, or that the project folder does not exist; ""
+  // when there is nothing to tell.
   std::string FieldNotice(Field field) const;
   // The user clicked into the field.
   void FieldEntered(Field field);
@@ -257,6 +271,16 @@ class WizardForm {
   void AsyncChanged(bool checked);
   // An option button was clicked; ignored while it is disabled.
   void OptionChosen(Option option);
+  // "Create sketch file now": the model that edModel names, read through the analysis
+  // application as the model picture reads it (in both model modes), drawn as a sketch;
+  // the save dialog proposes "<model folder>/<model base name>.bmp". When no model is
+  // named or it cannot be read, the user is told why and nothing changes: nullopt.
+  std::optional<Sketch> DrawSketch();
+  // The user chose `path` (a path of this machine) in the save dialog: asks before
+  // replacing a file, writes the sketch with `write`, then puts the path into edSketch
+  // and runs its check, as if browsed. Nothing changes when the user declines, when the
+  // path is one the field would not take, or when writing fails (told).
+  void SaveSketch(const Sketch& sketch, std::string path, const BitmapWriter& write);
 
   // Shows (with the focus in the page's first control) / hides the window; the add-in's
   // Show and Hide call these.

@@ -1,12 +1,14 @@
 // Saves a picture of every page of the wizard filled from the heater example, of the
 // cell editors and dialogs of the parameter pages, of the basic-files page with the
-// converter example's model picture, of what the window tells beside typed text, of the
-// finish page without a project, of the preview of a generation, of message boxes, and of
+// converter example's model picture and after its sketch was made, of what the window
+// tells beside typed text, of the finish page without a project, of the preview of a
+// generation, of message boxes, and of
 // the progress and start-up windows into the build folder, for a person to look at.
 // The help window is saved as the dialogs open it. The pages and dialogs are also saved
 // reduced into screenshots/help: the help topics show copies of those (help/HTML/images).
 #include <QComboBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QtTest>
@@ -97,6 +99,23 @@ class PageScreenshots : public QObject {
     std::ofstream(cls, std::ios::binary) << text;
     form.State().lvInput.SetSubItem(0, 5, "6");
     SaveDialog(ui, "btnPreview", "dlgPreview.png", kForHelp);
+  }
+
+  // The converter's sketch made with "Create sketch file now": the page with the sketch
+  // file in its field, and the bitmap itself.
+  void basicFilesPageAfterASketchWasMade() {
+    WizardFixture ui;
+    ui.ShowConverterModel();
+    const QString sketch = QDir(EOW_SCREENSHOT_DIR).filePath("Converter-sketch.bmp");
+    QFile::remove(sketch);
+    auto ran = OnNextDialog([&](QDialog& dialog) {
+      static_cast<QFileDialog&>(dialog).selectFile(sketch);
+      QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    ui.Click("btnCreateSketch");
+    QVERIFY(*ran);
+    QVERIFY(QImage(sketch).save(QDir(EOW_SCREENSHOT_DIR).filePath("sketch.png")));
+    Save(ui.window, "page4-sketch-made.png");
   }
 
   void textTheCodePageCannotHold() {

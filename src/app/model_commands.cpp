@@ -18,10 +18,11 @@ namespace {
 struct ShowOptions {
   std::string file;
   std::string svg;
+  platform::sandbox::ReaderLimits limits;
 };
 
 int ShowModel(const ShowOptions& options) {
-  const auto application = CreateAnalysisApplication("Showing a basic model");
+  const auto application = CreateAnalysisApplication("Showing a basic model", options.limits);
   if (!application) {
     std::cerr << "eowizard: the analysis application cannot be started\n";
     return 1;
@@ -56,6 +57,7 @@ void AddModelCommands(CLI::App& cli, int& exitCode) {
       model->add_subcommand("show", "List what generation reads from a basic model");
   show->add_option("FILE", options->file, "Basic model (.geo, .brep, .step)")->required();
   show->add_option("--svg", options->svg, "Also draw the model into this SVG file");
+  AddModelTimeLimitOption(*show, options->limits);
   show->callback([options, &exitCode] { exitCode = ShowModel(*options); });
 }
 

@@ -219,6 +219,11 @@ inline constexpr int kNothingSelected = 13103;
 inline constexpr int kModelPictureRefused = 14100;  // heading of the reason
 inline constexpr int kModelPictureHint = 14101;
 
+// The busy notice of a basic model that takes long to read: Before + path + After.
+inline constexpr int kModelReadCaption = 14700;
+inline constexpr int kModelReadBefore = 14701;
+inline constexpr int kModelReadAfter = 14702;
+
 // Shared by both parameter pages and their dialogs.
 inline constexpr int kOkButton = 13200;
 inline constexpr int kNameLabel = 13201;

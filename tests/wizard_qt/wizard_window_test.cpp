@@ -185,7 +185,7 @@ class WizardWindowTest : public QObject {
       int argc = 0;
       const app::WindowStart start{argc, nullptr, EOW_EXAMPLES_DIR "/coil/Coil.bvg",
                                    services.fs, services.registry, std::nullopt,
-                                   [] {
+                                   [](platform::ModelReadWait&) {
                                      static const wizard_test::ModelOpener kNoModels;
                                      return std::make_unique<wizard_test::FakeAnalysis>(kNoModels);
                                    },

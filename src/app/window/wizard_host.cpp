@@ -31,7 +31,7 @@ WizardHost::WizardHost(const WindowStart& start, platform::Prompter& boxes)
                 help_,
                 platform::ProgramFolder().string(),
                 platform::UserDataFolder().string(),
-                start.createAnalysis,
+                [this] { return start_.createAnalysis(modelReadWait_); },
                 wizard::GenerationWithProgressWindow(start.fs, start.registry, prompter_)},
       addIn_(
           [this] {

@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QEventLoop>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -70,6 +71,7 @@ platform::ModelReadWait::Outcome WindowModelReadWait::Watch(int descriptor, Dead
   timeUp.start(std::max<std::chrono::milliseconds>(left, std::chrono::milliseconds(0)));
 
   // Until the notice is up the window takes no input; its events wait for later.
+  const QPointer<QWidget> active = QApplication::activeWindow();
   std::unique_ptr<BusyNotice> dialog;
   bool noticeUp = false;
   QTimer delay;
@@ -87,6 +89,10 @@ platform::ModelReadWait::Outcome WindowModelReadWait::Watch(int descriptor, Dead
     loop.exec(noticeUp ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
   }
   socket.setEnabled(false);
+  if (dialog) {
+    dialog.reset();
+    if (active) active->activateWindow();  // the keyboard goes back where it was
+  }
   return *outcome;
 }
 

@@ -47,6 +47,9 @@ guard "generation / plain write of the same bytes" \
 guard "merge-regeneration (100 edits) / plain generation" \
   "$(median eow_generation_bench BM_MergeRegeneration)" \
   "$(median eow_generation_bench BM_Generate)" 2
+guard "30,000-curve model: sandboxed read / read in this process" \
+  "$(median eow_gmsh_bench BM_SandboxedLoad)" \
+  "$(median eow_gmsh_bench BM_GmshLoad)" 1.1
 guard "session load / line-splitting floor on the same bytes" \
   "$(median eow_session_bench BM_SessionLoad)" \
   "$(median eow_session_bench BM_SplitSessionIntoFields)" 4

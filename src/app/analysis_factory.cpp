@@ -1,6 +1,8 @@
 // The analysis application used on this platform: Gmsh in its module, loaded only by the
 // sandboxed readers of the basic models.
+#include <charconv>
 #include <iostream>
+#include <system_error>
 
 #include <CLI/CLI.hpp>
 
@@ -12,11 +14,21 @@ namespace app {
 
 void AddModelTimeLimitOption(CLI::App& command, platform::sandbox::ReaderLimits& limits) {
   command
-      .add_option_function<double>(
+      .add_option_function<std::string>(
           "--model-time-limit",
-          [&limits](double seconds) { limits.time = std::chrono::duration<double>(seconds); },
+          [&limits](const std::string& text) {
+            double seconds = 0;
+            const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+            // Up to about eleven days: a deadline that far is no limit anyway.
+            if (error != std::errc() || end != text.data() + text.size() || !(seconds > 0) ||
+                !(seconds <= 1e6)) {
+              throw CLI::ValidationError(
+                  "--model-time-limit",
+                  "a number of seconds above 0 and up to 1000000, not '" + text + "'");
+            }
+            limits.time = std::chrono::duration<double>(seconds);
+          },
           "End the reading of a basic model that takes longer than this (default 30)")
-      ->check(CLI::PositiveNumber)
       ->type_name("SECONDS");
 }
 

@@ -1,10 +1,9 @@
 // The analysis application used on this platform: Gmsh in its module, loaded only by the
 // sandboxed readers of the basic models.
+#include <CLI/CLI.hpp>
 #include <charconv>
 #include <iostream>
 #include <system_error>
-
-#include <CLI/CLI.hpp>
 
 #include "app/commands.h"
 #include "platform/sandbox/blocking_wait.h"
@@ -18,7 +17,8 @@ void AddModelTimeLimitOption(CLI::App& command, platform::sandbox::ReaderLimits&
           "--model-time-limit",
           [&limits](const std::string& text) {
             double seconds = 0;
-            const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+            const auto [end, error] =
+                std::from_chars(text.data(), text.data() + text.size(), seconds);
             // Up to about eleven days: a deadline that far is no limit anyway.
             if (error != std::errc() || end != text.data() + text.size() || !(seconds > 0) ||
                 !(seconds <= 1e6)) {

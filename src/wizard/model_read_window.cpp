@@ -33,8 +33,8 @@ class BusyNotice : public QDialog {
     text->setObjectName("lblModelRead");
     text->setWordWrap(true);
     auto* buttons = new QDialogButtonBox;
-    QPushButton* cancel = buttons->addButton(ToQt(resources::LoadResString(resources::kCancelButton)),
-                                             QDialogButtonBox::RejectRole);
+    QPushButton* cancel = buttons->addButton(
+        ToQt(resources::LoadResString(resources::kCancelButton)), QDialogButtonBox::RejectRole);
     cancel->setObjectName("btnCancel");
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);
@@ -67,7 +67,8 @@ platform::ModelReadWait::Outcome WindowModelReadWait::Watch(int descriptor, Dead
   timeUp.setSingleShot(true);
   timeUp.setTimerType(Qt::PreciseTimer);
   QObject::connect(&timeUp, &QTimer::timeout, &loop, [&] { end(Outcome::TimeUp); });
-  const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+  const auto left =
+      std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
   timeUp.start(std::max<std::chrono::milliseconds>(left, std::chrono::milliseconds(0)));
 
   // Until the notice is up the window takes no input; its events wait for later.

@@ -37,7 +37,8 @@ inline std::vector<HostileModel> HostileModels(const std::filesystem::path& fold
        "tried to write a file, which basic models may not do; it was not read"},
       {"folder.geo", "CreateDir \"" + traces + "/made\";\n",
        "tried to write a file, which basic models may not do; it was not read"},
-      {"exit.geo", "Point(1) = {0, 0, 0};\nExit;\n", "ended its own reading (Exit); it was not read"},
+      {"exit.geo", "Point(1) = {0, 0, 0};\nExit;\n",
+       "ended its own reading (Exit); it was not read"},
       // A loop on one line runs its body once: Gmsh repeats a loop by reading its lines again.
       {"loop.geo", "For i In {1:1000000000}\n  x = i;\nEndFor\n",
        "took longer than the time limit of 2 s (see --model-time-limit); it was not read"},

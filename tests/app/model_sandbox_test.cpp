@@ -29,11 +29,11 @@ TEST_F(ModelSandboxTest, HostileModelsAreRefusedAndLeaveNothing) {
     session.replace(session.find(modelLine), modelLine.size(), "MODEL=" + model.path + "\r\n");
     const std::string project = Path("p" + std::to_string(++run));
     // From the folder the session's paths start from.
-    EXPECT_EQ(Run("generate " + Session("s.bvg", session) + " --project '" + project +
-                      "/Converter.vbp' --registry examples/registry/demo-host.reg --answer yes" +
-                      limit,
-                  "cd .. &&"),
-              read ? 0 : 1)
+    EXPECT_EQ(
+        Run("generate " + Session("s.bvg", session) + " --project '" + project +
+                "/Converter.vbp' --registry examples/registry/demo-host.reg --answer yes" + limit,
+            "cd .. &&"),
+        read ? 0 : 1)
         << err_;
     EXPECT_EQ(fs::exists(project + "/Converter.vbp"), read);
     if (!read) {

@@ -15,12 +15,16 @@ namespace {
 
 ModelContent Awkward() {
   ModelContent model;
-  model.edges.push_back({{{0.1, -0.0}, {1e-310, 123456789.123456789}, {-2.5e-7, 1e300}, -3.141592653589793},
-                         "a label\nwith 3:lines and  blanks",
-                         std::nullopt,
-                         7});
+  model.edges.push_back(
+      {{{0.1, -0.0}, {1e-310, 123456789.123456789}, {-2.5e-7, 1e300}, -3.141592653589793},
+       "a label\nwith 3:lines and  blanks",
+       std::nullopt,
+       7});
   model.edges.push_back({{{1, 2}, {3, 4}, {1, 2}, 0}, "", 0, std::nullopt});
-  model.vertices.push_back({{std::numeric_limits<double>::max(), -1.0 / 3}, "Gr\xC3\xB6\xC3\x9F" "e", true});
+  model.vertices.push_back({{std::numeric_limits<double>::max(), -1.0 / 3},
+                            "Gr\xC3\xB6\xC3\x9F"
+                            "e",
+                            true});
   model.blocks.push_back({"12:", 1});
   return model;
 }
@@ -37,9 +41,13 @@ TEST(ReaderPipeTest, ModelComesBackExactly) {
   ASSERT_EQ(got.EdgeCount(), 2);
   for (int i = 0; i < 2; ++i) {
     const EdgeGeometry a = sent.Edge(i), b = got.Edge(i);
-    for (const auto& [x, y] : {std::pair{a.start.x, b.start.x}, {a.start.y, b.start.y},
-                               {a.end.x, b.end.x}, {a.end.y, b.end.y}, {a.third.x, b.third.x},
-                               {a.third.y, b.third.y}, {a.angle, b.angle}}) {
+    for (const auto& [x, y] : {std::pair{a.start.x, b.start.x},
+                               {a.start.y, b.start.y},
+                               {a.end.x, b.end.x},
+                               {a.end.y, b.end.y},
+                               {a.third.x, b.third.x},
+                               {a.third.y, b.third.y},
+                               {a.angle, b.angle}}) {
       EXPECT_EQ(x, y);
       EXPECT_EQ(std::signbit(x), std::signbit(y));
     }
@@ -58,12 +66,12 @@ TEST(ReaderPipeTest, ModelComesBackExactly) {
 TEST(ReaderPipeTest, AnswersOutOfFormAreRefused) {
   const std::string model = std::string(*FirstPayload(ModelFrame(SnapshotModel(Awkward()))));
   const std::string cases[] = {
-      model.substr(0, model.size() - 1),       // the last line feed missing
-      model.substr(0, model.size() / 2),       // cut in the middle
-      model + "block 0 0:\n",                  // more than announced
-      "model 1 0 0\nedge 1 2 3\n",             // an edge cut short
-      "model 99999999999 0 0\n",               // more items than bytes
-      "error 440 20:too short\n",              // a text longer than what follows
+      model.substr(0, model.size() - 1),  // the last line feed missing
+      model.substr(0, model.size() / 2),  // cut in the middle
+      model + "block 0 0:\n",             // more than announced
+      "model 1 0 0\nedge 1 2 3\n",        // an edge cut short
+      "model 99999999999 0 0\n",          // more items than bytes
+      "error 440 20:too short\n",         // a text longer than what follows
       "forbidden everything\n",
       "memory now\n",
       "hello\n",

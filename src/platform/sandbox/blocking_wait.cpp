@@ -15,8 +15,8 @@ ModelReadWait::Outcome BlockingWait::Watch(int descriptor, Deadline deadline, st
     if (left.count() <= 0) return Outcome::TimeUp;
     pollfd watched{descriptor, POLLIN, 0};
     // Rounded up, so that the wait does not end a moment before the deadline.
-    const int ready = ::poll(&watched, 1, static_cast<int>(std::min<milliseconds::rep>(
-                                              left.count() + 1, 60'000)));
+    const int ready = ::poll(
+        &watched, 1, static_cast<int>(std::min<milliseconds::rep>(left.count() + 1, 60'000)));
     if (ready < 0 && errno == EINTR) continue;
     // A descriptor that poll() refuses fails its read too, which ends the wait.
     if (ready != 0 && readable()) return Outcome::Done;

@@ -52,8 +52,8 @@ int ServeOneRead(AnalysisApplication& application) {
   try {
     EnterSandbox(kReaderChannel, request.memoryLimit);
   } catch (const std::system_error& e) {
-    Send(ErrorFrame(kModelError, "Cannot read the basic model '" + request.path +
-                                     "' safely: " + e.what()));
+    Send(ErrorFrame(kModelError,
+                    "Cannot read the basic model '" + request.path + "' safely: " + e.what()));
     return 1;
   }
   std::string answer;
@@ -63,8 +63,8 @@ int ServeOneRead(AnalysisApplication& application) {
   } catch (const vbrt::VbError& e) {
     answer = ErrorFrame(e.Number(), e.Description());
   } catch (const std::exception& e) {
-    answer = ErrorFrame(kModelError, "Cannot read the basic model '" + request.path +
-                                         "': " + e.what());
+    answer =
+        ErrorFrame(kModelError, "Cannot read the basic model '" + request.path + "': " + e.what());
   }
   // Ended at once: nothing of the program's shut-down may run inside the sandbox.
   ::_exit(Send(answer) ? 0 : 1);

@@ -22,9 +22,7 @@ class PayloadWriter {
  public:
   PayloadWriter& Word(std::string_view word) { return Field(word); }
   PayloadWriter& Integer(long long value) { return Field(std::to_string(value)); }
-  PayloadWriter& Block(std::optional<int> block) {
-    return block ? Integer(*block) : Field("-");
-  }
+  PayloadWriter& Block(std::optional<int> block) { return block ? Integer(*block) : Field("-"); }
   PayloadWriter& Number(double value) {
     char digits[32];
     const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;

@@ -70,8 +70,8 @@ ReaderProcess::ReaderProcess(const ReaderCommand& command) {
     argv.push_back(const_cast<char*>(argument.c_str()));
   }
   argv.push_back(nullptr);
-  const int error = ::posix_spawn(&pid_, command.program.c_str(), &setup.actions,
-                                  &setup.attributes, argv.data(), environ);
+  const int error = ::posix_spawn(&pid_, command.program.c_str(), &setup.actions, &setup.attributes,
+                                  argv.data(), environ);
   ::close(readerEnd);
   if (error != 0) {
     pid_ = -1;

@@ -35,29 +35,29 @@ constexpr std::uint64_t kOpenBits[] = {O_WRONLY, O_RDWR, O_CREAT, O_TRUNC};
 
 std::vector<Rule> Rules() {
   using enum Forbidden;
-  std::vector<Rule> rules = {
-      {SCMP_SYS(execve), Command},    {SCMP_SYS(execveat), Command},
-      {SCMP_SYS(fork), Command},      {SCMP_SYS(vfork), Command},
-      {SCMP_SYS(clone), Command, 0, CLONE_THREAD, 0},
-      {SCMP_SYS(creat), File},        {SCMP_SYS(open_by_handle_at), File},
-      {SCMP_SYS(rename), File},
-      {SCMP_SYS(renameat), File},     {SCMP_SYS(renameat2), File},
-      {SCMP_SYS(link), File},         {SCMP_SYS(linkat), File},
-      {SCMP_SYS(symlink), File},      {SCMP_SYS(symlinkat), File},
-      {SCMP_SYS(truncate), File},     {SCMP_SYS(ftruncate), File},
-      {SCMP_SYS(fallocate), File},    {SCMP_SYS(mkdir), File},
-      {SCMP_SYS(mkdirat), File},      {SCMP_SYS(mknod), File},
-      {SCMP_SYS(mknodat), File},      {SCMP_SYS(socket), Connection},
-  };
+  std::vector<Rule> rules;
+  for (const int call : {SCMP_SYS(execve), SCMP_SYS(execveat), SCMP_SYS(fork), SCMP_SYS(vfork)}) {
+    rules.push_back({call, Command});
+  }
+  rules.push_back({SCMP_SYS(clone), Command, 0, CLONE_THREAD, 0});
   for (const std::uint64_t bit : kOpenBits) {
     rules.push_back({SCMP_SYS(open), File, 1, bit, bit});
     rules.push_back({SCMP_SYS(openat), File, 2, bit, bit});
   }
+  for (const int call :
+       {SCMP_SYS(creat), SCMP_SYS(open_by_handle_at), SCMP_SYS(rename), SCMP_SYS(renameat),
+        SCMP_SYS(renameat2), SCMP_SYS(link), SCMP_SYS(linkat), SCMP_SYS(symlink),
+        SCMP_SYS(symlinkat), SCMP_SYS(truncate), SCMP_SYS(ftruncate), SCMP_SYS(fallocate),
+        SCMP_SYS(mkdir), SCMP_SYS(mkdirat), SCMP_SYS(mknod), SCMP_SYS(mknodat)}) {
+    rules.push_back({call, File});
+  }
+  rules.push_back({SCMP_SYS(socket), Connection});
   return rules;
 }
 
 // Calls whose arguments the filter cannot see are refused as unknown to the kernel, so
-// that the C library falls back on the ones above: clone3 on clone, openat2 on openat.
+// that the C library falls back on the ones above (clone3 on clone, openat2 on openat);
+// io_uring, which could open files past the filter, is refused alike.
 constexpr int kUnknownCalls[] = {SCMP_SYS(clone3), SCMP_SYS(openat2), SCMP_SYS(io_uring_setup)};
 // Removals fail as not permitted, without ending the reader: Gmsh removes its own
 // temporary file (~/.gmsh-tmp) whenever it clears its model, and no model command removes
@@ -122,7 +122,7 @@ void EnterSandbox(int channel, std::uint64_t memoryLimit) {
   if (::sigaction(SIGSYS, &trap, nullptr) != 0) Fail(errno, "forbidden calls cannot be caught");
 
   const std::unique_ptr<void, decltype(&seccomp_release)> filter(seccomp_init(SCMP_ACT_ALLOW),
-                                                                  seccomp_release);
+                                                                 seccomp_release);
   if (!filter) Fail(ENOMEM, "the system call filter cannot be made");
   // Every thread of the process, Gmsh's included, is filtered alike.
   int error = seccomp_attr_set(filter.get(), SCMP_FLTATR_CTL_TSYNC, 1);
@@ -133,8 +133,8 @@ void EnterSandbox(int channel, std::uint64_t memoryLimit) {
     if (rule.argument < 0) {
       error = seccomp_rule_add(filter.get(), action, rule.call, 0);
     } else {
-      const scmp_arg_cmp compare{static_cast<unsigned>(rule.argument), SCMP_CMP_MASKED_EQ,
-                                 rule.bit, rule.expected};
+      const scmp_arg_cmp compare{static_cast<unsigned>(rule.argument), SCMP_CMP_MASKED_EQ, rule.bit,
+                                 rule.expected};
       error = seccomp_rule_add_array(filter.get(), action, rule.call, 1, &compare);
     }
   }

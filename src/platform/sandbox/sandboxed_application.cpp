@@ -41,6 +41,11 @@ Received ReceiveFrame(ReaderProcess& reader, ModelReadWait& wait, ModelReadWait:
   return received;
 }
 
+ModelReadWait::Deadline DeadlineAfter(std::chrono::duration<double> time) {
+  return std::chrono::steady_clock::now() +
+         std::chrono::duration_cast<std::chrono::steady_clock::duration>(time);
+}
+
 std::string Seconds(std::chrono::duration<double> time) {
   char text[32];
   std::snprintf(text, sizeof text, "%g s", time.count());
@@ -84,7 +89,9 @@ class ReadFailure {
     Fail("The reader of the basic model '" + path_ + "' " + HowItEnded(end));
   }
   [[noreturn]] void WaitEnded(Outcome outcome, const ReaderLimits& limits) const {
-    if (outcome == Outcome::Cancelled) Fail("Reading the basic model '" + path_ + "' was cancelled");
+    if (outcome == Outcome::Cancelled) {
+      Fail("Reading the basic model '" + path_ + "' was cancelled");
+    }
     Fail("Reading the basic model '" + path_ + "' took longer than the time limit of " +
          Seconds(limits.time) + " (see --model-time-limit)");
   }
@@ -106,9 +113,9 @@ class ReadFailure {
 // Why a reader could not start the application.
 [[noreturn]] void NotStarted(std::string_view model, const std::string& why) {
   const std::string text = "The model reader could not start the analysis application: " + why;
-  throw vbrt::VbError(kModelError, model.empty() ? text
-                                                 : "Cannot read the basic model '" +
-                                                       std::string(model) + "': " + text);
+  throw vbrt::VbError(
+      kModelError,
+      model.empty() ? text : "Cannot read the basic model '" + std::string(model) + "': " + text);
 }
 
 }  // namespace
@@ -116,10 +123,7 @@ class ReadFailure {
 SandboxedApplication::SandboxedApplication(ReaderCommand command, ReaderLimits limits,
                                            ModelReadWait& wait)
     : command_(std::move(command)), limits_(limits), wait_(wait) {
-  waiting_ = StartReader(std::chrono::steady_clock::now() +
-                             std::chrono::duration_cast<std::chrono::steady_clock::duration>(
-                                 limits_.time),
-                         "");
+  waiting_ = StartReader(DeadlineAfter(limits_.time), "");
 }
 
 SandboxedApplication::~SandboxedApplication() = default;
@@ -133,7 +137,9 @@ std::unique_ptr<ReaderProcess> SandboxedApplication::StartReader(ModelReadWait::
     NotStarted(model, e.what());
   }
   const Received greeting = ReceiveFrame(*reader, wait_, deadline, model);
-  if (greeting.outcome == Outcome::Cancelled) ReadFailure(model).WaitEnded(greeting.outcome, limits_);
+  if (greeting.outcome == Outcome::Cancelled) {
+    ReadFailure(model).WaitEnded(greeting.outcome, limits_);
+  }
   if (greeting.outcome == Outcome::TimeUp) {
     NotStarted(model, "it took longer than the time limit of " + Seconds(limits_.time));
   }
@@ -154,9 +160,7 @@ std::unique_ptr<ReaderProcess> SandboxedApplication::StartReader(ModelReadWait::
 }
 
 std::unique_ptr<BasicModel> SandboxedApplication::OpenModel(std::string_view path) {
-  const auto deadline =
-      std::chrono::steady_clock::now() +
-      std::chrono::duration_cast<std::chrono::steady_clock::duration>(limits_.time);
+  const ModelReadWait::Deadline deadline = DeadlineAfter(limits_.time);
   // The reader started before serves this read; each later read starts its own.
   const std::unique_ptr<ReaderProcess> reader =
       waiting_ ? std::move(waiting_) : StartReader(deadline, path);

@@ -64,6 +64,14 @@ constexpr int kUnknownCalls[] = {SCMP_SYS(clone3), SCMP_SYS(openat2), SCMP_SYS(i
 // a file. Nothing is removed either way.
 constexpr int kRemovals[] = {SCMP_SYS(unlink), SCMP_SYS(unlinkat), SCMP_SYS(rmdir)};
 
+#ifdef __SANITIZE_ADDRESS__
+// AddressSanitizer has terabytes of shadow memory mapped from the start: under an
+// address-space limit its every allocation would fail, so its builds go without one.
+constexpr bool kLimitAddressSpace = false;
+#else
+constexpr bool kLimitAddressSpace = true;
+#endif
+
 // What the signal handlers need, set before the filter is loaded.
 int answerChannel = -1;
 const std::vector<Rule>* rules = nullptr;
@@ -113,7 +121,9 @@ void EnterSandbox(int channel, std::uint64_t memoryLimit) {
 
   if (::prctl(PR_SET_PDEATHSIG, SIGKILL) != 0) Fail(errno, "the reader cannot die with its parent");
   Limit(RLIMIT_CORE, 0, "core files cannot be turned off");
-  Limit(RLIMIT_AS, static_cast<rlim_t>(memoryLimit), "the memory limit cannot be set");
+  if (kLimitAddressSpace) {
+    Limit(RLIMIT_AS, static_cast<rlim_t>(memoryLimit), "the memory limit cannot be set");
+  }
   std::set_new_handler(OnMemoryExhausted);
   struct sigaction trap {};
   trap.sa_sigaction = OnForbiddenCall;

@@ -160,14 +160,13 @@ std::unique_ptr<ReaderProcess> SandboxedApplication::StartReader(ModelReadWait::
 }
 
 std::unique_ptr<BasicModel> SandboxedApplication::OpenModel(std::string_view path) {
-  const ModelReadWait::Deadline deadline = DeadlineAfter(limits_.time);
   // The reader started before serves this read; each later read starts its own.
   const std::unique_ptr<ReaderProcess> reader =
-      waiting_ ? std::move(waiting_) : StartReader(deadline, path);
+      waiting_ ? std::move(waiting_) : StartReader(DeadlineAfter(limits_.time), path);
   const ReadFailure failure(path);
   // A reader that is gone already tells how when its end is read.
   reader->Send(ReadRequestFrame(limits_.memory, path));
-  const Received received = ReceiveFrame(*reader, wait_, deadline, path);
+  const Received received = ReceiveFrame(*reader, wait_, DeadlineAfter(limits_.time), path);
   if (received.outcome != Outcome::Done) {
     reader->Kill();
     failure.WaitEnded(received.outcome, limits_);

@@ -14,7 +14,8 @@ namespace platform::sandbox {
 
 // What a model's read may take.
 struct ReaderLimits {
-  std::chrono::duration<double> time{30.0};       // from the start of the read to its answer
+  // From the request to the answer; starting a reader (Gmsh's start) may take as long.
+  std::chrono::duration<double> time{30.0};
   std::uint64_t memory = std::uint64_t{4} << 30;  // the reader's address space, in bytes
 };
 

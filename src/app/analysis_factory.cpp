@@ -1,9 +1,10 @@
 // The analysis application used on this platform: Gmsh in its module, loaded only by the
 // sandboxed readers of the basic models.
-#include <CLI/CLI.hpp>
 #include <charconv>
 #include <iostream>
 #include <system_error>
+
+#include <CLI/CLI.hpp>
 
 #include "app/commands.h"
 #include "platform/sandbox/blocking_wait.h"

@@ -47,8 +47,9 @@ platform::TextMerger& GenerationMerger();
 // make the services as for the commands (a wrong one ends the run with exit code 2
 // before any window opens); then the window module is loaded and the wizard runs until
 // it closes; its basic models are read within `modelLimits`. A non-empty `sessionFile`
-// is loaded into the started wizard as if typed into the session-file field. Returns the exit code: 1 when there is no display, the
-// window module cannot be loaded or the wizard could not start.
+// is loaded into the started wizard as if typed into the session-file field. Returns the
+// exit code: 1 when there is no display, the window module cannot be loaded or the wizard
+// could not start.
 int RunWizardWindow(int& argc, char** argv, const std::string& sessionFile,
                     const ServiceOptions& options,
                     const platform::sandbox::ReaderLimits& modelLimits);

@@ -172,7 +172,8 @@ int RunGenerate(const GenerateOptions& options) {
   // The analysis application is needed only to convert the basic model into code.
   std::unique_ptr<platform::AnalysisApplication> application;
   if (!form.optModelLink.value) {
-    application = CreateAnalysisApplication("Converting the basic model into code", options.modelLimits);
+    application =
+        CreateAnalysisApplication("Converting the basic model into code", options.modelLimits);
   }
 
   platform::VbFilesEnvironment environment(

@@ -1,9 +1,10 @@
 // `eowizard internal-model-reader NEED`, hidden: the program as a basic model's reader,
 // started by the program itself (ModelReaderCommand). Only here is the analysis module
 // loaded, so that Gmsh never runs in the process that the user works with.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
+
+#include <CLI/CLI.hpp>
 
 #include "app/commands.h"
 #include "app/module_entries.h"

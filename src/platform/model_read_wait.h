@@ -17,7 +17,8 @@ class ModelReadWait {
   // Calls `readable` each time `descriptor` (a file descriptor on this platform) can be
   // read, its end included, until `readable` returns true: Done. TimeUp when `deadline`
   // passes first; Cancelled when the user cancels the read. `model` names the file being
-  // read, for a notice; it is empty while the reader starts, which cannot be cancelled.
+  // read, for a notice; it is empty while the application starts for the program's
+  // start-up, which has a notice of its own and cannot be cancelled.
   virtual Outcome Watch(int descriptor, Deadline deadline, std::string_view model,
                         const std::function<bool()>& readable) = 0;
 };

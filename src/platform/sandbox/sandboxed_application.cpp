@@ -7,6 +7,7 @@
 #include <optional>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "platform/model_snapshot.h"
 #include "platform/sandbox/reader_pipe.h"
@@ -17,26 +18,32 @@ namespace {
 
 using Outcome = ModelReadWait::Outcome;
 
-// What a watched reader sent first: its payload, or nothing because it ended first or
-// the wait ended before.
+// The payloads a watched reader sent, as many as were wanted, or fewer because it ended
+// first or the wait ended before.
 struct Received {
   Outcome outcome = Outcome::Done;
-  std::optional<std::string> payload;
+  std::vector<std::string> payloads;
   bool malformed = false;
 };
 
-Received ReceiveFrame(ReaderProcess& reader, ModelReadWait& wait, ModelReadWait::Deadline deadline,
-                      std::string_view model) {
+Received ReceiveFrames(ReaderProcess& reader, ModelReadWait& wait, ModelReadWait::Deadline deadline,
+                       std::string_view model, std::size_t wanted) {
   Received received;
   std::string bytes;
+  std::size_t taken = 0;  // the bytes of the payloads received
   received.outcome = wait.Watch(reader.Channel(), deadline, model, [&] {
     const bool ended = !reader.Receive(bytes);
     try {
-      if (const auto payload = FirstPayload(bytes)) received.payload = std::string(*payload);
+      while (received.payloads.size() < wanted) {
+        const auto payload = FirstPayload(std::string_view(bytes).substr(taken));
+        if (!payload) break;
+        received.payloads.emplace_back(*payload);
+        taken = static_cast<std::size_t>(payload->data() + payload->size() - bytes.data());
+      }
     } catch (const PipeFormError&) {
       received.malformed = true;
     }
-    return ended || received.payload || received.malformed;
+    return ended || received.malformed || received.payloads.size() == wanted;
   });
   return received;
 }
@@ -118,65 +125,70 @@ class ReadFailure {
       model.empty() ? text : "Cannot read the basic model '" + std::string(model) + "': " + text);
 }
 
+// The product string of a reader's greeting, the first of `received`.
+std::string GreetingOf(ReaderProcess& reader, const Received& received, std::string_view model) {
+  if (received.payloads.empty()) {
+    if (received.malformed) NotStarted(model, "its greeting is out of its form");
+    NotStarted(model, "it " + HowItEnded(reader.Collect()));
+  }
+  Greeting greeting;
+  try {
+    greeting = ParseGreeting(received.payloads.front());
+  } catch (const PipeFormError&) {
+    NotStarted(model, "its greeting is out of its form");
+  }
+  // The reason the module or the application gives is told as it stands.
+  if (!greeting.ready) throw vbrt::VbError(kModelError, greeting.text);
+  return greeting.text;
+}
+
+std::unique_ptr<ReaderProcess> StartReader(const ReaderCommand& command, std::string_view model) {
+  try {
+    return std::make_unique<ReaderProcess>(command);
+  } catch (const std::system_error& e) {
+    NotStarted(model, e.what());
+  }
+}
+
 }  // namespace
 
 SandboxedApplication::SandboxedApplication(ReaderCommand command, ReaderLimits limits,
                                            ModelReadWait& wait)
     : command_(std::move(command)), limits_(limits), wait_(wait) {
-  waiting_ = StartReader(DeadlineAfter(limits_.time), "");
+  std::unique_ptr<ReaderProcess> reader = StartReader(command_, "");
+  const Received received = ReceiveFrames(*reader, wait_, DeadlineAfter(limits_.time), "", 1);
+  if (received.outcome != Outcome::Done) {
+    NotStarted("", "it took longer than the time limit of " + Seconds(limits_.time));
+  }
+  product_ = GreetingOf(*reader, received, "");
+  waiting_ = std::move(reader);
 }
 
 SandboxedApplication::~SandboxedApplication() = default;
 
-std::unique_ptr<ReaderProcess> SandboxedApplication::StartReader(ModelReadWait::Deadline deadline,
-                                                                 std::string_view model) {
-  std::unique_ptr<ReaderProcess> reader;
-  try {
-    reader = std::make_unique<ReaderProcess>(command_);
-  } catch (const std::system_error& e) {
-    NotStarted(model, e.what());
-  }
-  const Received greeting = ReceiveFrame(*reader, wait_, deadline, model);
-  if (greeting.outcome == Outcome::Cancelled) {
-    ReadFailure(model).WaitEnded(greeting.outcome, limits_);
-  }
-  if (greeting.outcome == Outcome::TimeUp) {
-    NotStarted(model, "it took longer than the time limit of " + Seconds(limits_.time));
-  }
-  if (!greeting.payload) {
-    if (greeting.malformed) NotStarted(model, "its greeting is out of its form");
-    NotStarted(model, "it " + HowItEnded(reader->Collect()));
-  }
-  Greeting parsed;
-  try {
-    parsed = ParseGreeting(*greeting.payload);
-  } catch (const PipeFormError&) {
-    NotStarted(model, "its greeting is out of its form");
-  }
-  // The reason the module or the application gives is told as it stands.
-  if (!parsed.ready) throw vbrt::VbError(kModelError, parsed.text);
-  product_ = parsed.text;
-  return reader;
-}
-
 std::unique_ptr<BasicModel> SandboxedApplication::OpenModel(std::string_view path) {
-  // The reader started before serves this read; each later read starts its own.
+  // The reader started before serves this read; each later read starts its own, which
+  // finds the request once it has greeted.
+  const bool greeted = waiting_ != nullptr;
   const std::unique_ptr<ReaderProcess> reader =
-      waiting_ ? std::move(waiting_) : StartReader(DeadlineAfter(limits_.time), path);
+      greeted ? std::move(waiting_) : StartReader(command_, path);
   const ReadFailure failure(path);
   // A reader that is gone already tells how when its end is read.
   reader->Send(ReadRequestFrame(limits_.memory, path));
-  const Received received = ReceiveFrame(*reader, wait_, DeadlineAfter(limits_.time), path);
+  const Received received =
+      ReceiveFrames(*reader, wait_, DeadlineAfter(limits_.time), path, greeted ? 1 : 2);
   if (received.outcome != Outcome::Done) {
     reader->Kill();
     failure.WaitEnded(received.outcome, limits_);
   }
+  if (!greeted) GreetingOf(*reader, received, path);
+  const std::size_t answerAt = greeted ? 0 : 1;
   if (received.malformed) failure.Malformed();
-  if (!received.payload) failure.Ended(reader->Collect(), limits_);
+  if (received.payloads.size() <= answerAt) failure.Ended(reader->Collect(), limits_);
   reader->Kill();  // it ends after its answer anyway
   Answer answer;
   try {
-    answer = ParseAnswer(*received.payload);
+    answer = ParseAnswer(received.payloads[answerAt]);
   } catch (const PipeFormError&) {
     failure.Malformed();
   }

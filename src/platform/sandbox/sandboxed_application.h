@@ -14,7 +14,8 @@ namespace platform::sandbox {
 
 // What a model's read may take.
 struct ReaderLimits {
-  // From the request to the answer; starting a reader (Gmsh's start) may take as long.
+  // From the request to the answer, the start of a reader for the read included; the
+  // first reader's start has as long.
   std::chrono::duration<double> time{30.0};
   std::uint64_t memory = std::uint64_t{4} << 30;  // the reader's address space, in bytes
 };
@@ -37,10 +38,6 @@ class SandboxedApplication : public AnalysisApplication {
   std::unique_ptr<BasicModel> OpenModel(std::string_view path) override;
 
  private:
-  // A started reader that has greeted; `model` names the file it is for, "" at start-up.
-  std::unique_ptr<ReaderProcess> StartReader(ModelReadWait::Deadline deadline,
-                                             std::string_view model);
-
   ReaderCommand command_;
   ReaderLimits limits_;
   ModelReadWait& wait_;

@@ -50,6 +50,9 @@ guard "merge-regeneration (100 edits) / plain generation" \
 guard "preview opened (first file shown) / dry run, 5,000 inputs" \
   "$(median eow_pages_bench BM_PreviewOfLargeSession)" \
   "$(median eow_pages_bench BM_DryRunOfLargeSession)" 2
+guard "30,000-curve model: sandboxed read / read in this process" \
+  "$(median eow_gmsh_bench BM_SandboxedLoad)" \
+  "$(median eow_gmsh_bench BM_GmshLoad)" 1.1
 guard "session load / line-splitting floor on the same bytes" \
   "$(median eow_session_bench BM_SessionLoad)" \
   "$(median eow_session_bench BM_SplitSessionIntoFields)" 4

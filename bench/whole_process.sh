@@ -118,3 +118,6 @@ compare "generate actuator (model loaded) | cp -r" 3 15 3 \
   "cp -rT $work/act $work/act-copy" "$exe ${gen[*]}"
 compare "generate 30,000 curves converted | gmsh" 1.1 - 1 \
   "gmsh $work/ring.geo -parse_and_exit" "$exe ${ring[*]}"
+compare "model show converter | gmsh" 2 - 3 \
+  "gmsh examples/converter/Converter.geo -parse_and_exit" \
+  "$exe model show examples/converter/Converter.geo"

@@ -7,7 +7,7 @@ packages=(
   cmake ninja-build g++ pkg-config
   libfmt-dev libcli11-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  qt6-base-dev libgmsh-dev libchm-dev libgit2-dev libxml2-dev
+  qt6-base-dev libgmsh-dev libchm-dev libgit2-dev libxml2-dev libseccomp-dev
   # the help compiler, the manual page, the Debian package and its checks
   fp-utils help2man dpkg-dev file lintian desktop-file-utils
   locales

@@ -41,6 +41,7 @@ struct GenerateOptions {
   std::string project;
   bool dryRun = false;
   bool diff = false;
+  platform::sandbox::ReaderLimits modelLimits;
 };
 
 bool HasConflicts(const std::vector<SavedFile>& saved) {
@@ -139,7 +140,8 @@ int RunGenerate(const GenerateOptions& options) {
   // The analysis application is needed only to convert the basic model into code.
   std::unique_ptr<platform::AnalysisApplication> application;
   if (!form.optModelLink.value) {
-    application = CreateAnalysisApplication("Converting the basic model into code");
+    application =
+        CreateAnalysisApplication("Converting the basic model into code", options.modelLimits);
   }
 
   TerminalProgress progress(std::cerr, ::isatty(STDERR_FILENO) == 1);
@@ -173,6 +175,7 @@ void AddGenerateCommand(CLI::App& cli, int& exitCode) {
                  "With --dry-run: show how each project file would change (unified diff)")
       ->needs(dryRun);
   AddServiceOptions(*command, options->services);
+  AddModelTimeLimitOption(*command, options->modelLimits);
   command->callback([options, &exitCode] {
     try {
       exitCode = RunGenerate(*options);

@@ -20,6 +20,8 @@ int main(int argc, char** argv) {
   cli.add_option("--session", sessionFile, "Open the wizard with this session file loaded");
   app::ServiceOptions windowOptions;
   app::AddServiceOptions(cli, windowOptions);
+  platform::sandbox::ReaderLimits windowModelLimits;
+  app::AddModelTimeLimitOption(cli, windowModelLimits);
   // The options before a command are the window's: refused rather than dropped.
   cli.parse_complete_callback([&cli] {
     if (cli.get_subcommands().empty()) return;
@@ -35,6 +37,7 @@ int main(int argc, char** argv) {
   app::AddSessionCommands(cli, exitCode);
   app::AddModelCommands(cli, exitCode);
   app::AddGenerateCommand(cli, exitCode);
+  app::AddModelReaderCommand(cli, exitCode);
   try {
     cli.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
@@ -46,7 +49,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   if (cli.get_subcommands().empty()) {
-    return app::RunWizardWindow(argc, argv, sessionFile, windowOptions);
+    return app::RunWizardWindow(argc, argv, sessionFile, windowOptions, windowModelLimits);
   }
   return exitCode;
 }

@@ -23,6 +23,7 @@ struct ShowOptions {
   std::string file;
   std::string svg;
   std::string bmp;
+  platform::sandbox::ReaderLimits limits;
 };
 
 // The sketch as a bitmap, drawn by the window's module; false after telling why not.
@@ -40,7 +41,7 @@ bool WriteSketch(const platform::BasicModel& model, const std::string& file) {
 }
 
 int ShowModel(const ShowOptions& options) {
-  const auto application = CreateAnalysisApplication("Showing a basic model");
+  const auto application = CreateAnalysisApplication("Showing a basic model", options.limits);
   if (!application) {
     std::cerr << "eowizard: the analysis application cannot be started\n";
     return 1;
@@ -79,6 +80,7 @@ void AddModelCommands(CLI::App& cli, int& exitCode) {
   show->add_option("--bmp", options->bmp,
                    "Also save the model's sketch, as the wizard's \"Create sketch file now\" "
                    "saves it, as this Windows bitmap");
+  AddModelTimeLimitOption(*show, options->limits);
   show->callback([options, &exitCode] { exitCode = ShowModel(*options); });
 }
 

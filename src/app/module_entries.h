@@ -11,6 +11,7 @@
 
 #include "platform/analysis_application.h"
 #include "platform/file_system.h"
+#include "platform/model_read_wait.h"
 #include "platform/prompter.h"
 #include "platform/registry.h"
 #include "platform/text_merger.h"
@@ -45,9 +46,10 @@ struct WindowStart {
   const platform::Registry& registry;
   // Answers every Yes/No(/Cancel) question without a box (--answer); none: boxes ask.
   std::optional<platform::MsgAnswer> answer;
-  // Loads the analysis module and starts the application; nullptr after telling why it
-  // could not.
-  std::function<std::unique_ptr<platform::AnalysisApplication>()> createAnalysis;
+  // Starts the analysis application, whose basic models are read in processes of their
+  // own, waited for through the window's `wait`; nullptr after telling why it could not.
+  std::function<std::unique_ptr<platform::AnalysisApplication>(platform::ModelReadWait& wait)>
+      createAnalysis;
   // Loads the merge module the first time a generation merges the user's changes; throws
   // ModuleError (a std::runtime_error) when it cannot.
   platform::TextMergerSource merger;

@@ -12,7 +12,8 @@
 namespace app {
 
 int RunWizardWindow(int& argc, char** argv, const std::string& sessionFile,
-                    const ServiceOptions& options) {
+                    const ServiceOptions& options,
+                    const platform::sandbox::ReaderLimits& modelLimits) {
   std::optional<SharedServices> services;
   try {
     services.emplace(options);
@@ -35,7 +36,9 @@ int RunWizardWindow(int& argc, char** argv, const std::string& sessionFile,
     return 1;
   }
   return run({argc, argv, sessionFile, services->fs, services->registry, services->answer,
-              [] { return CreateAnalysisApplication("The wizard's start-up"); },
+              [modelLimits](platform::ModelReadWait& wait) {
+                return CreateAnalysisApplication("The wizard's start-up", modelLimits, &wait);
+              },
               GenerationMerger});
 }
 

@@ -8,6 +8,10 @@
 
 namespace platform {
 
+// The number of every error about a model that cannot be read: the runtime's
+// "Automation error", as an automation server's failure arrives.
+constexpr int kModelError = 440;
+
 struct Point2 {
   double x = 0;
   double y = 0;

@@ -258,6 +258,11 @@ inline constexpr int kSketchExistsAfter = 14403;  // after kSketchMissingBefore 
 inline constexpr int kSketchNotSavedBefore = 14404;  // + path + kSketchReason + why
 inline constexpr int kSketchSaveFilter = 14405;
 
+// The busy notice of a basic model that takes long to read: Before + path + After.
+inline constexpr int kModelReadCaption = 14700;
+inline constexpr int kModelReadBefore = 14701;
+inline constexpr int kModelReadAfter = 14702;
+
 // Shared by both parameter pages and their dialogs.
 inline constexpr int kOkButton = 13200;
 inline constexpr int kNameLabel = 13201;

@@ -112,6 +112,9 @@ TEST_F(SessionCommandsTest, WrongSharedOptionsAreNamed) {
   EXPECT_NE(err_.find("--codepage"), std::string::npos) << err_;
   EXPECT_EQ(Run("session show --registry /no/such.reg coil/Coil.bvg"), 2);
   EXPECT_NE(err_.find("/no/such.reg"), std::string::npos) << err_;
+  EXPECT_EQ(Run("model show --model-time-limit 0 converter/Converter.geo"), 2);
+  EXPECT_NE(err_.find("--model-time-limit: a number of seconds above 0"), std::string::npos)
+      << err_;
   EXPECT_EQ(Run("session shw coil/Coil.bvg"), 2);  // a usage mistake, as with other tools
   EXPECT_NE(err_.find("--help"), std::string::npos) << err_;
 }

@@ -32,6 +32,7 @@ done
 # The libraries it needs, as dpkg-shlibdeps found them.
 dpkg-deb -f "$deb" Depends | grep -q 'libqt6widgets6' || fail "no dependency on Qt Widgets"
 dpkg-deb -f "$deb" Depends | grep -q 'libgit2' || fail "no dependency on libgit2"
+dpkg-deb -f "$deb" Depends | grep -q 'libseccomp2' || fail "no dependency on libseccomp"
 
 lintian --fail-on error "$deb" > "$scratch/lintian.log" 2>&1 ||
   { cat "$scratch/lintian.log"; fail "lintian reports errors"; }
@@ -47,4 +48,9 @@ examples=$root/usr/share/doc/eowizard/examples
   { cat "$scratch/session.err"; fail "session show failed"; }
 grep -q 'Coil radius' "$scratch/session.txt" || fail "session show lists no input"
 [ ! -s "$scratch/session.err" ] || { cat "$scratch/session.err"; fail "the example's files are not found"; }
+# The unpacked program reads a basic model in its sandboxed reader, which loads Gmsh from
+# the unpacked modules.
+"$root/usr/bin/eowizard" model show "$examples/converter/Converter.geo" > "$scratch/model.txt" \
+  2> "$scratch/model.err" || { cat "$scratch/model.err"; fail "model show failed"; }
+grep -q '^Edges (10)' "$scratch/model.txt" || fail "model show lists no edges"
 echo "package test: $deb is complete"

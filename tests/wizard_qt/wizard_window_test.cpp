@@ -7,8 +7,11 @@
 #include <QRadioButton>
 #include <QtTest>
 
+#include "../app/hostile_models.h"
+#include "app/commands.h"
 #include "app/services.h"
 #include "app/window/wizard_host.h"
+#include "wizard/model_read_window.h"
 #include "wizard_fixture.h"
 
 using platform::MsgAnswer;
@@ -159,6 +162,63 @@ class WizardWindowTest : public QObject {
     QVERIFY(canvas->isVisible());
   }
 
+  // Each model read in the sandbox as the window reads it: the refusal is told in place of
+  // the picture and the wizard stays as it was. A long read brings up the busy notice
+  // while the window goes on handling its events; its Cancel ends the read.
+  void hostileModelsAreRefusedOnTheBasicFilesPage() {
+    WizardFixture ui;
+    wizard::WindowModelReadWait wait;
+    platform::sandbox::SandboxedApplication sandboxed(
+        app::ModelReaderCommand(EOWIZARD_EXE, "The window test"),
+        {std::chrono::seconds(hostile::kHostileTimeLimit)}, wait);
+    ui.openModel = [&](std::string_view path) { return sandboxed.OpenModel(path); };
+    ui.Connect();
+    ui.Click("btnNext");
+    ui.prompter.Answer(MsgAnswer::Yes);
+    ui.TypeAndLeave("edFile", EOW_EXAMPLES_DIR "/converter/Converter.bvg");
+    ui.GoToPage(4);
+    QWidget* canvas = ui.Control("imgModel");
+    auto* reason = ui.Control<QLabel>("lblModelReason");
+    QVERIFY(canvas->isVisible());
+
+    QString notice;  // the busy notice's text, as a timer of the waiting window finds it
+    QTimer probe;
+    QObject::connect(&probe, &QTimer::timeout, [&] {
+      if (QWidget* modal = QApplication::activeModalWidget(); modal && modal->isVisible()) {
+        notice = modal->findChild<QLabel*>("lblModelRead")->text();
+      }
+    });
+    probe.start(20);
+    const std::filesystem::path folder = ui.Path("hostile");
+    std::filesystem::create_directories(folder);
+    for (const hostile::HostileModel& model : hostile::HostileModels(folder)) {
+      QVERIFY(QTest::qWaitForWindowActive(ui.window));  // a notice gives the keyboard back
+      notice.clear();
+      ui.TypeAndLeave("edModel", model.path);
+      QVERIFY(ui.addIn.Form() != nullptr && ui.window->isVisible());
+      if (model.message.empty()) {
+        QVERIFY2(canvas->isVisible(), qPrintable(reason->text()));
+        continue;
+      }
+      QVERIFY2(reason->isVisible() && reason->text().contains(QString::fromStdString(model.message)),
+               qPrintable(reason->text()));
+      if (model.path.ends_with("loop.geo")) {
+        QVERIFY2(notice.startsWith(QString::fromStdString("Reading the basic model '" + model.path)),
+                 qPrintable(notice));
+        QVERIFY(QTest::qWaitForWindowActive(ui.window));
+        wizard_test::OnNextDialog([](QDialog& dialog) {
+          QTest::mouseClick(dialog.findChild<QPushButton*>("btnCancel"), Qt::LeftButton);
+        });
+        ui.TypeAndLeave("edModel", model.path);
+        QVERIFY2(reason->text().endsWith("' was cancelled; it was not read"),
+                 qPrintable(reason->text()));
+      }
+    }
+    for (const std::filesystem::path& trace : hostile::Traces(folder)) {
+      QVERIFY2(!std::filesystem::exists(trace), trace.c_str());
+    }
+  }
+
   void pageControlsForwardToTheForm() {
     WizardFixture ui;
     ui.Connect();
@@ -287,7 +347,7 @@ class WizardWindowTest : public QObject {
       int argc = 0;
       const app::WindowStart start{argc, nullptr, EOW_EXAMPLES_DIR "/coil/Coil.bvg",
                                    services.fs, services.registry, std::nullopt,
-                                   [] {
+                                   [](platform::ModelReadWait&) {
                                      static const wizard_test::ModelOpener kNoModels;
                                      return std::make_unique<wizard_test::FakeAnalysis>(kNoModels);
                                    },

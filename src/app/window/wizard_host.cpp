@@ -33,7 +33,7 @@ WizardHost::WizardHost(const WindowStart& start, platform::Prompter& boxes)
                 help_,
                 platform::ProgramFolder().string(),
                 platform::UserDataFolder().string(),
-                start.createAnalysis,
+                [this] { return start_.createAnalysis(modelReadWait_); },
                 wizard::GenerationWithProgressWindow(start.fs, start.registry, prompter_),
                 wizard::PreviewInDialog(
                     [&start](wizard::WizardForm& form) {

@@ -9,6 +9,7 @@
 #include "platform/vbfiles/vb_files_environment.h"
 #include "wizard/chm_help_viewer.h"
 #include "wizard/model/wizard_connection.h"
+#include "wizard/model_read_window.h"
 
 namespace app {
 
@@ -47,6 +48,7 @@ class WizardHost {
   platform::Prompter& prompter_;
   platform::VbFilesEnvironment environment_;
   wizard::ChmHelpViewer help_;
+  wizard::WindowModelReadWait modelReadWait_;
   wizard::FormServices services_;
   wizard::Wizard addIn_;
 };

@@ -1,12 +1,8 @@
 #pragma once
 // Reads the model Gmsh holds into a basic model's content.
-#include "platform/gmsh/model_snapshot.h"
+#include "platform/model_snapshot.h"
 
 namespace platform::gmsh_io {
-
-// The number of every error about a model that cannot be read: the runtime's
-// "Automation error", as an automation server's failure arrives.
-constexpr int kModelError = 440;
 
 // Reads Gmsh's current model. Points are vertices, curves edges, plane surfaces blocks,
 // each in ascending tag order; physical-group names label the entities of their

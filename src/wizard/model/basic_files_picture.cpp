@@ -21,6 +21,9 @@ void BasicFilesPicture::Update(const session::FormState& form,
   const std::optional<std::string> wanted =
       form.optModelCode.value ? std::optional<std::string>(form.edModel) : std::nullopt;
   if (wanted == readPath_ && !stale_) return;
+  // The window handles its events while it waits for the model: a repaint among them
+  // finds this read under way; a read asked for meanwhile comes with the next repaint.
+  if (reading_) return;
   readPath_ = wanted;
   stale_ = false;
   picture_.reset();
@@ -28,6 +31,7 @@ void BasicFilesPicture::Update(const session::FormState& form,
   selected_.reset();
   // The form is never on view without its application.
   if (!wanted || application == nullptr) return;
+  reading_ = true;
   try {
     const auto model = application->OpenModel(fs.ToNative(*wanted).string());
     picture_ = std::make_shared<const ModelPicture>(*model);
@@ -36,6 +40,7 @@ void BasicFilesPicture::Update(const session::FormState& form,
     picture_.reset();
     reason_ = resources::LoadResString(resources::kModelPictureRefused) + "\n" + e.what();
   }
+  reading_ = false;
 }
 
 Drawing BasicFilesPicture::Draw(CanvasSize canvas) const {

@@ -44,6 +44,7 @@ class BasicFilesPicture {
  private:
   std::optional<std::string> readPath_;  // the model last read; none when none was
   bool stale_ = false;
+  bool reading_ = false;  // a read is under way
   std::shared_ptr<const ModelPicture> picture_;  // shared with copies that views keep
   std::string reason_;
   std::optional<int> selected_;

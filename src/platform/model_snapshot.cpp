@@ -1,10 +1,10 @@
-#include "platform/gmsh/model_snapshot.h"
+#include "platform/model_snapshot.h"
 
 #include <utility>
 
 #include "vbrt/error.h"
 
-namespace platform::gmsh_io {
+namespace platform {
 namespace {
 
 // An index outside the collection is the automation interface's subscript error.
@@ -52,4 +52,4 @@ int SnapshotModel::BlockFirstBoundaryEdge(int block) const {
 long SnapshotModel::BlockUserData(int block) const { return At(blockUserData_, block); }
 void SnapshotModel::SetBlockUserData(int block, long value) { At(blockUserData_, block) = value; }
 
-}  // namespace platform::gmsh_io
+}  // namespace platform

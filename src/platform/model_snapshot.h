@@ -7,7 +7,7 @@
 
 #include "platform/analysis_application.h"
 
-namespace platform::gmsh_io {
+namespace platform {
 
 struct SnapshotEdge {
   EdgeGeometry geometry;
@@ -65,4 +65,4 @@ class SnapshotModel : public BasicModel {
   std::vector<long> blockUserData_;
 };
 
-}  // namespace platform::gmsh_io
+}  // namespace platform

@@ -189,7 +189,6 @@ bool WizardForm::InitWizard() {
     appTitle_ = LoadResString(kAppTitle);
     longTitle_ = LoadResString(kLongTitle);
     requiredVersion_ = LoadResString(kRequiredVersion);
-    lowestVersion_ = LoadResString(kLowestVersion);
     const BusyPointer hourglass(view_.get());
 
     const SessionsFolderChoice folder = PrepareSessionsFolder(
@@ -215,7 +214,6 @@ bool WizardForm::InitWizard() {
     if (rows == 0 || state_.lvInput.Item(rows - 1).text != session::kNewInputText) {
       state_.lvInput.Add(LoadResString(kNewInputRow));
     }
-    InputCounter = 1;
     RefreshStep();
 
     if (view_) view_->ShowLaunchNotice(LoadResString(kLaunchCaption), LoadResString(kLaunchText));
@@ -230,9 +228,9 @@ bool WizardForm::InitWizard() {
       return false;
     }
     // Plain character-code order, not a parse of version numbers: "Zentrix 5.10" passes.
-    const std::string product = zx_->ProductName();
-    if (vbrt::CompareBinary(product, requiredVersion_) > 0 ||
-        vbrt::CompareBinary(product, lowestVersion_) < 0) {
+    // Only the upper bound is checked: the table's lower bound (kLowestVersion) is empty,
+    // and no product name orders below the empty text.
+    if (vbrt::CompareBinary(zx_->ProductName(), requiredVersion_) > 0) {
       ReleaseZX();
       if (view_) view_->HideLaunchNotice();
       Tell(LoadResString(kWrongVersion), MsgIcon::Exclamation, longTitle_);

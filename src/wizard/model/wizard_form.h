@@ -165,7 +165,6 @@ class WizardForm {
   Wizard* AddIn = nullptr;                  // set by the add-in; closes the wizard
   int16_t CurrentStep = 0;                  // page on view, 0 to 7
   bool SettingsChanged = false;             // a page after the first has been on view
-  int16_t InputCounter = 0;                 // counts input parameters (1 after start-up)
 
   // The analysis application, or nullptr before start-up and after release.
   platform::AnalysisApplication* ZX() const { return zx_.get(); }
@@ -315,7 +314,6 @@ class WizardForm {
   std::string appTitle_;
   std::string longTitle_;
   std::string requiredVersion_;
-  std::string lowestVersion_;
   std::string sessionsFolder_;
 
   std::map<std::string, std::string> captions_;

@@ -49,7 +49,6 @@ using resources::LoadResString;
 using namespace resources;  // the string numbers
 
 constexpr std::string_view kAnalysisLibrary = "{C0E82B4F-2FCB-11D3-BEC8-0080AD0EBF00}";
-constexpr std::string_view kProjectName = "Sondel";
 constexpr std::string_view kModuleName = "Custom";
 
 std::string Describe(const std::exception& e) {
@@ -330,12 +329,12 @@ bool Generator::CreateProject() {
   try {
     progress_.SetState(LoadResString(kStateCreatingProject));
     project_ = &environment_.GetVBProjects().Add(platform::ProjectType::ActiveXDll, true);
-    project_->SetName(kProjectName);
+    project_->SetName(session::kGeneratedProjectName);
     project_->SetDescription(form_->theName + LoadResString(kProjectDescriptionSuffix));
     project_->GetReferences().AddFromGuid(kAnalysisLibrary, 5, 2);
     project_->GetReferences().AddFromGuid(hostLibrary_, 2, 0);
 
-    environment_.ActivateWindow(kProjectName);
+    environment_.ActivateWindow(session::kGeneratedProjectName);
     const std::string projectPath = PathOf(names_.project.base, ".vbp");
     project_->SaveAs(projectPath);
     NoteSaved(projectPath, names_.project);
@@ -345,7 +344,7 @@ bool Generator::CreateProject() {
     classComponent_->SetName(form_->theName);
     moduleComponent_ = &project_->GetVBComponents().Add(platform::ComponentKind::StdModule);
     moduleComponent_->SetName(kModuleName);
-    environment_.ActivateWindow(kProjectName);
+    environment_.ActivateWindow(session::kGeneratedProjectName);
     const std::string classPath = PathOf(names_.classFile.base, ".cls");
     classComponent_->SaveAs(classPath);
     NoteSaved(classPath, names_.classFile);

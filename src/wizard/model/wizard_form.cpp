@@ -95,20 +95,6 @@ constexpr std::pair<std::string_view, Field> kFieldControls[] = {
     {"edModel", Field::Model}, {"edData", Field::Data},         {"edSketch", Field::Sketch},
 };
 
-// The text of `field` in `state`, a FormState or a const one.
-template <typename State>
-auto& TextOf(State& state, Field field) {
-  switch (field) {
-    case Field::File: return state.edFile;
-    case Field::Location: return state.edLocation;
-    case Field::Author: return state.edAuthor;
-    case Field::Model: return state.edModel;
-    case Field::Data: return state.edData;
-    case Field::Sketch: return state.edSketch;
-  }
-  return state.edAuthor;  // not reached: every field is listed above
-}
-
 Field FieldOf(Browse button) {
   switch (button) {
     case Browse::File: return Field::File;
@@ -120,13 +106,7 @@ Field FieldOf(Browse button) {
   return Field::File;  // not reached
 }
 
-// The path fields and the record's text fields they set.
-constexpr std::pair<Field, session::TextField> kPathFields[] = {
-    {Field::Location, session::TextField::Location},
-    {Field::Model, session::TextField::Model},
-    {Field::Data, session::TextField::Data},
-    {Field::Sketch, session::TextField::Sketch},
-};
+constexpr Field kPathFields[] = {Field::Location, Field::Model, Field::Data, Field::Sketch};
 
 // Why a path is not taken, "" when it is: a path written with "?" leads nowhere, and a
 // control character cuts it short where the files are opened.
@@ -323,10 +303,7 @@ FileDialogSetup WizardForm::BrowseSetup(Browse button) const {
     setup.pathMustExist = true;
     return setup;
   }
-  const std::string& text = button == Browse::File     ? state_.edFile
-                            : button == Browse::Model  ? state_.edModel
-                            : button == Browse::Data   ? state_.edData
-                                                       : state_.edSketch;
+  const std::string& text = state_.Text(FieldOf(button));
   const std::string parent = platform::ParentFolder(text);
   const std::string& fallback =
       button == Browse::File ? sessionsFolder_ : state_.theLocation;
@@ -453,23 +430,23 @@ bool WizardForm::TextEdited(Field field, std::string text) {
   if (field != Field::File && field != Field::Author) {
     // A path written with "?" leads nowhere; the session's own path is no such text, as
     // it is never written in the code page.
-    editedFrom_.try_emplace(field, TextOf(state_, field));
+    editedFrom_.try_emplace(field, state_.Text(field));
     std::string refusal = PathRefusal(text);
     if (!refusal.empty()) {
       refusedPaths_[field] = {std::move(text), std::move(refusal)};
       // Keystrokes taken before the refusal made no path the user meant either.
-      TextOf(state_, field) = editedFrom_[field];
+      state_.Text(field) = editedFrom_[field];
       return false;
     }
   }
   refusedPaths_.erase(field);
-  TextOf(state_, field) = std::move(text);
+  state_.Text(field) = std::move(text);
   return true;
 }
 
 const std::string& WizardForm::FieldText(Field field) const {
   const auto refused = refusedPaths_.find(field);
-  return refused != refusedPaths_.end() ? refused->second.text : TextOf(state_, field);
+  return refused != refusedPaths_.end() ? refused->second.text : state_.Text(field);
 }
 
 std::string WizardForm::FieldNotice(Field field) const {
@@ -490,9 +467,7 @@ void WizardForm::FieldLeft(Field field) {
     case Field::File: {
       refusedPaths_.clear();  // a loaded session sets the paths anew
       std::map<Field, std::string> before;
-      for (const auto& [pathField, unused] : kPathFields) {
-        before[pathField] = TextOf(state_, pathField);
-      }
+      for (const Field pathField : kPathFields) before[pathField] = state_.Text(pathField);
       switch (checks_.SessionFileLeft(state_, Io(), SettingsChanged)) {
         case SessionFileOutcome::Refocus:
           if (view_) view_->FocusControl("edFile");
@@ -589,11 +564,11 @@ SaveOutcome WizardForm::SaveSession(SaveReason reason) {
 }
 
 void WizardForm::RefuseLoadedPaths(const std::map<Field, std::string>& before) {
-  for (const auto& [field, text] : kPathFields) {
-    std::string refusal = PathRefusal(TextOf(state_, field));
+  for (const Field field : kPathFields) {
+    std::string refusal = PathRefusal(state_.Text(field));
     if (refusal.empty()) continue;
-    refusedPaths_[field] = {TextOf(state_, field), std::move(refusal)};
-    state_.SetText(text, before.at(field));
+    refusedPaths_[field] = {state_.Text(field), std::move(refusal)};
+    state_.SetText(field, before.at(field));
   }
 }
 

@@ -112,7 +112,7 @@ enum class Button { None, Back, Next, Finish };
 enum class FinishPicture { Done, NotYet };
 
 // The text fields of pages 1, 2 and 4.
-enum class Field { File, Location, Author, Model, Data, Sketch };
+using Field = session::TextField;
 // The four choice lists of page 3.
 enum class Choice { Type, Class, Coord, Unit };
 // The option buttons of page 4.

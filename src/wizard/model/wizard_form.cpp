@@ -9,10 +9,14 @@
 #include "session/record_check.h"
 #include "vbrt/compare.h"
 #include "vbrt/error.h"
+#include "wizard/model/control_names.h"
 #include "wizard/model/session_folder.h"
 #include "wizard/model/wizard_connection.h"
 
 namespace wizard {
+
+using namespace controls;  // the control names
+
 namespace {
 
 using platform::MsgAnswer;
@@ -21,6 +25,8 @@ using platform::MsgIcon;
 using namespace resources;  // LoadResString and the string numbers
 
 constexpr int16_t kBasicFilesPage = 4;
+constexpr int16_t kOutputsPage = 6;
+constexpr int16_t kFinishPage = kPageCount - 1;
 
 struct Caption {
   const char* control;
@@ -28,72 +34,92 @@ struct Caption {
 };
 
 constexpr Caption kCaptions[] = {
-    {"frmWizard", kFormCaption},
-    {"btnHelp", kHelpButton},
-    {"btnCancel", kCancelButton},
-    {"btnBack", kBackButton},
-    {"btnNext", kNextButton},
-    {"btnFinish", kFinishButton},
-    {"btnPreview", kPreviewButton},
-    {"lblIntro_Caption", kIntroHeading},
-    {"lblIntro(0)", kIntroText1},
-    {"lblIntro(1)", kIntroText2},
-    {"lblIntro(2)", kIntroText3},
-    {"lblIntro(3)", kIntroText4},
-    {"lblIntro(4)", kIntroText5},
-    {"lblSaving_Caption", kSavingHeading},
-    {"lblSaving_Caption2", kSavingExplanation},
-    {"lblSaving_File", kSavingFileLabel},
-    {"lblGeneral_Caption", kProjectHeading},
-    {"lblGeneral_Caption2", kProjectExplanation},
-    {"lblGeneral_Project", kProjectLocationLabel},
-    {"lblGeneral_Author", kAuthorLabel},
-    {"chkAsync", kAsyncCheck},
-    {"lblProblem_Caption", kProblemHeading},
-    {"lblProblem_Caption2", kProblemExplanation},
-    {"lblProblem_Type", kProblemTypeLabel},
-    {"lblProblem_Class", kProblemClassLabel},
-    {"lblProblem_Coord", kCoordinatesLabel},
-    {"lblProblem_Units", kLengthUnitsLabel},
-    {"lblData_Caption", kDataHeading},
-    {"lblData_Caption2", kDataExplanation},
-    {"lblData_ModelFile", kModelFileLabel},
-    {"optModelCode", kModelCodeOption},
-    {"optModelLink", kModelLinkOption},
-    {"lblData_DataFile", kDataFileLabel},
-    {"optDataCode", kDataCodeOption},
-    {"optDataLink", kDataLinkOption},
-    {"lblData_Sketch", kSketchFileLabel},
-    {"btnCreateSketch", kCreateSketchButton},
-    {"lblInput_Caption", kInputHeading},
-    {"lblInput_Caption2", kInputExplanation},
-    {"lblInput_List", kInputListLabel},
-    {"btnInputRemove", kInputRemoveButton},
-    {"lblOutput_Caption", kOutputHeading},
-    {"lblOutput_Caption2", kOutputExplanation},
-    {"lblOutput_List1", kOutputListLabel},
-    {"lblOutput_List2", kStandardListLabel},
-    {"btnOutputStandard", kOutputStandardButton},
-    {"btnOutputCustom", kOutputCustomButton},
-    {"btnOutputEdit", kOutputEditButton},
-    {"btnOutputRemove", kOutputRemoveButton},
-    {"lblFin_Caption", kFinishHeading},
+    {frmWizard, kFormCaption},
+    {btnHelp, kHelpButton},
+    {btnCancel, kCancelButton},
+    {btnBack, kBackButton},
+    {btnNext, kNextButton},
+    {btnFinish, kFinishButton},
+    {btnPreview, kPreviewButton},
+    {lblIntro_Caption, kIntroHeading},
+    {lblIntro[0], kIntroText1},
+    {lblIntro[1], kIntroText2},
+    {lblIntro[2], kIntroText3},
+    {lblIntro[3], kIntroText4},
+    {lblIntro[4], kIntroText5},
+    {lblSaving_Caption, kSavingHeading},
+    {lblSaving_Caption2, kSavingExplanation},
+    {lblSaving_File, kSavingFileLabel},
+    {lblGeneral_Caption, kProjectHeading},
+    {lblGeneral_Caption2, kProjectExplanation},
+    {lblGeneral_Project, kProjectLocationLabel},
+    {lblGeneral_Author, kAuthorLabel},
+    {chkAsync, kAsyncCheck},
+    {lblProblem_Caption, kProblemHeading},
+    {lblProblem_Caption2, kProblemExplanation},
+    {lblProblem_Type, kProblemTypeLabel},
+    {lblProblem_Class, kProblemClassLabel},
+    {lblProblem_Coord, kCoordinatesLabel},
+    {lblProblem_Units, kLengthUnitsLabel},
+    {lblData_Caption, kDataHeading},
+    {lblData_Caption2, kDataExplanation},
+    {lblData_ModelFile, kModelFileLabel},
+    {optModelCode, kModelCodeOption},
+    {optModelLink, kModelLinkOption},
+    {lblData_DataFile, kDataFileLabel},
+    {optDataCode, kDataCodeOption},
+    {optDataLink, kDataLinkOption},
+    {lblData_Sketch, kSketchFileLabel},
+    {btnCreateSketch, kCreateSketchButton},
+    {lblInput_Caption, kInputHeading},
+    {lblInput_Caption2, kInputExplanation},
+    {lblInput_List, kInputListLabel},
+    {btnInputRemove, kInputRemoveButton},
+    {lblOutput_Caption, kOutputHeading},
+    {lblOutput_Caption2, kOutputExplanation},
+    {lblOutput_List1, kOutputListLabel},
+    {lblOutput_List2, kStandardListLabel},
+    {btnOutputStandard, kOutputStandardButton},
+    {btnOutputCustom, kOutputCustomButton},
+    {btnOutputEdit, kOutputEditButton},
+    {btnOutputRemove, kOutputRemoveButton},
+    {lblFin_Caption, kFinishHeading},
 };
 
-// The controls in the order given, with tab indices 0, 1, 2, ...
-std::vector<TabStop> InOrder(std::initializer_list<const char*> controls) {
-  std::vector<TabStop> stops;
-  for (const char* control : controls) {
-    stops.push_back({control, static_cast<int>(stops.size())});
-  }
-  return stops;
+// A tab index held by a control that only the page's view knows: the form's tab order
+// leaves it out.
+constexpr const char* kViewsOwn = nullptr;
+
+// How RefreshStep sets up a page: its controls and buttons by rising tab index (the first
+// enabled one takes the focus), and the navigation buttons. The finish page's default
+// button and texts follow the project location (SetUpFinishPage).
+struct PageSetup {
+  std::vector<const char*> tabOrder;
+  bool backEnabled = true;
+  bool nextEnabled = true;
+  Button defaultButton = Button::Next;
+};
+
+const std::array<PageSetup, kPageCount>& PageSetups() {
+  static const std::array<PageSetup, kPageCount> pages = {{
+      {.tabOrder = {btnNext, btnFinish, btnHelp, btnCancel}, .backEnabled = false},
+      {.tabOrder = {edFile, btnFile, btnNext, btnFinish, btnHelp, btnCancel}},
+      {.tabOrder = {edLocation, btnLocation, edAuthor, chkAsync, btnNext, btnFinish, btnHelp,
+                    btnCancel}},
+      {.tabOrder = {cmbType, cmbClass, cmbCoord, cmbUnit, btnNext, btnFinish, btnHelp,
+                    btnCancel}},
+      {.tabOrder = {edModel, btnModel, optModelCode, optModelLink, edData, btnData,
+                    optDataCode, optDataLink, edSketch, btnSketch, btnCreateSketch, btnNext,
+                    btnFinish, btnHelp, btnCancel}},
+      // Enter belongs to the list's in-place editors here.
+      {.tabOrder = {lvInput, kViewsOwn, kViewsOwn, btnNext, btnFinish, btnHelp, btnCancel},
+       .defaultButton = Button::None},
+      {.tabOrder = {btnOutputStandard, lvStandard, btnOutputCustom, btnOutputEdit,
+                    btnOutputRemove, btnNext, btnFinish, btnHelp, btnCancel, lvOutput}},
+      {.tabOrder = {btnFinish, btnPreview, btnHelp, btnCancel}, .nextEnabled = false},
+  }};
+  return pages;
 }
-
-// The text fields by their controls' names.
-constexpr std::pair<std::string_view, Field> kFieldControls[] = {
-    {"edFile", Field::File},   {"edLocation", Field::Location}, {"edAuthor", Field::Author},
-    {"edModel", Field::Model}, {"edData", Field::Data},         {"edSketch", Field::Sketch},
-};
 
 Field FieldOf(Browse button) {
   switch (button) {
@@ -227,71 +253,38 @@ bool WizardForm::InitWizard() {
 }
 
 void WizardForm::RefreshStep() {
-  backEnabled_ = true;
-  nextEnabled_ = true;
   state_.btnFinishEnabled = !state_.theLocation.empty();
-  defaultButton_ = Button::Next;
-
-  switch (CurrentStep) {
-    case 0:
-      backEnabled_ = false;
-      tabOrder_ = InOrder({"btnNext", "btnFinish", "btnHelp", "btnCancel"});
-      break;
-    case 1:
-      tabOrder_ = InOrder({"edFile", "btnFile", "btnNext", "btnFinish", "btnHelp", "btnCancel"});
-      break;
-    case 2:
-      tabOrder_ = InOrder({"edLocation", "btnLocation", "edAuthor", "chkAsync", "btnNext",
-                           "btnFinish", "btnHelp", "btnCancel"});
-      break;
-    case 3:
-      tabOrder_ = InOrder({"cmbType", "cmbClass", "cmbCoord", "cmbUnit", "btnNext", "btnFinish",
-                           "btnHelp", "btnCancel"});
-      break;
-    case 4:
-      tabOrder_ = InOrder({"edModel", "btnModel", "optModelCode", "optModelLink", "edData",
-                           "btnData", "optDataCode", "optDataLink", "edSketch", "btnSketch",
-                           "btnCreateSketch", "btnNext", "btnFinish", "btnHelp", "btnCancel"});
-      break;
-    case 5:
-      // The page's other controls take indices 1 and 2.
-      tabOrder_ = {{"lvInput", 0}, {"btnNext", 3}, {"btnFinish", 4}, {"btnHelp", 5},
-                   {"btnCancel", 6}};
-      // Enter belongs to the list's in-place editors here.
-      defaultButton_ = Button::None;
-      break;
-    case 6:
-      tabOrder_ = InOrder({"btnOutputStandard", "lvStandard", "btnOutputCustom", "btnOutputEdit",
-                           "btnOutputRemove", "btnNext", "btnFinish", "btnHelp", "btnCancel",
-                           "lvOutput"});
-      break;
-    case 7:
-      nextEnabled_ = false;
-      if (state_.btnFinishEnabled) {
-        defaultButton_ = Button::Finish;
-        finishText1_ = LoadResString(kFinishReady1);
-        finishText2_ = LoadResString(kFinishReady2);
-        finishIcon_ = "Information";
-        finishPicture_ = FinishPicture::Done;
-      } else {
-        finishText1_ = LoadResString(kFinishMissing1);
-        finishText2_ = LoadResString(kFinishMissing2);
-        finishIcon_ = "Exclamation";
-        // A check mark beside "You must specify project name and location." would say
-        // the opposite of the text.
-        finishPicture_ = FinishPicture::NotYet;
-      }
-      tabOrder_ = InOrder({"btnFinish", "btnPreview", "btnHelp", "btnCancel"});
-      break;
-    default:
-      break;
+  static const PageSetup kNoPage;
+  const bool onPage = CurrentStep >= 0 && CurrentStep < kPageCount;
+  const PageSetup& page = onPage ? PageSetups()[CurrentStep] : kNoPage;
+  backEnabled_ = page.backEnabled;
+  nextEnabled_ = page.nextEnabled;
+  defaultButton_ = page.defaultButton;
+  if (onPage) {
+    tabOrder_.clear();
+    for (std::size_t index = 0; index < page.tabOrder.size(); ++index) {
+      const char* control = page.tabOrder[index];
+      if (control != kViewsOwn) tabOrder_.push_back({control, static_cast<int>(index)});
+    }
   }
+  if (CurrentStep == kFinishPage) SetUpFinishPage();
   // The standard outputs follow the problem type chosen since the page was last on view.
-  if (CurrentStep == 6) {
+  if (CurrentStep == kOutputsPage) {
     outputs_.FillStandardOutputs();
     outputs_.SyncOutputs();
   }
   if (CurrentStep > 0) SettingsChanged = true;
+}
+
+void WizardForm::SetUpFinishPage() {
+  const bool ready = state_.btnFinishEnabled;
+  if (ready) defaultButton_ = Button::Finish;
+  finishText1_ = LoadResString(ready ? kFinishReady1 : kFinishMissing1);
+  finishText2_ = LoadResString(ready ? kFinishReady2 : kFinishMissing2);
+  finishIcon_ = ready ? "Information" : "Exclamation";
+  // A check mark beside "You must specify project name and location." would say the
+  // opposite of the text.
+  finishPicture_ = ready ? FinishPicture::Done : FinishPicture::NotYet;
 }
 
 FileDialogSetup WizardForm::BrowseSetup(Browse button) const {
@@ -350,14 +343,14 @@ void WizardForm::FocusFirstControl() {
   if (!view_) return;
   for (const TabStop& stop : tabOrder_) {
     // A page may begin with a navigation button that is disabled (Finish on page 7).
-    const bool enabled = stop.control == "btnBack"     ? backEnabled_
-                         : stop.control == "btnNext"   ? nextEnabled_
-                         : stop.control == "btnFinish" ? state_.btnFinishEnabled
-                         : stop.control == "btnPreview" ? PreviewEnabled()
+    const bool enabled = stop.control == btnBack     ? backEnabled_
+                         : stop.control == btnNext   ? nextEnabled_
+                         : stop.control == btnFinish ? state_.btnFinishEnabled
+                         : stop.control == btnPreview ? PreviewEnabled()
                                                         : true;
     if (enabled) {
-      for (const auto& [name, field] : kFieldControls) {
-        if (name == stop.control) untouched_.insert(field);
+      for (const auto& [field, name] : kFieldControls) {
+        if (stop.control == name) untouched_.insert(field);
       }
       view_->FocusControl(stop.control);
       return;
@@ -415,7 +408,7 @@ bool WizardForm::Finish() {
 }
 
 bool WizardForm::PreviewVisible() const {
-  return services_.preview && CurrentStep == kPageCount - 1;
+  return services_.preview && CurrentStep == kFinishPage;
 }
 
 void WizardForm::Preview() {
@@ -470,7 +463,7 @@ void WizardForm::FieldLeft(Field field) {
       for (const Field pathField : kPathFields) before[pathField] = state_.Text(pathField);
       switch (checks_.SessionFileLeft(state_, Io(), SettingsChanged)) {
         case SessionFileOutcome::Refocus:
-          if (view_) view_->FocusControl("edFile");
+          if (view_) view_->FocusControl(edFile);
           break;
         case SessionFileOutcome::Unread:
           saver_.LoadFailed(state_.edFile);

@@ -12,6 +12,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/analysis_application.h"
@@ -24,6 +25,7 @@
 #include "session/session_file.h"
 #include "vbrt/file_table.h"
 #include "wizard/model/basic_files_picture.h"
+#include "wizard/model/control_names.h"
 #include "wizard/model/input_page.h"
 #include "wizard/model/output_page.h"
 #include "wizard/model/page_checks.h"
@@ -111,8 +113,13 @@ enum class Button { None, Back, Next, Finish };
 // The finish page's own picture: a project that Finish will generate, or none yet.
 enum class FinishPicture { Done, NotYet };
 
-// The text fields of pages 1, 2 and 4.
+// The text fields of pages 1, 2 and 4, and their controls.
 using Field = session::TextField;
+inline constexpr std::pair<Field, const char*> kFieldControls[] = {
+    {Field::File, controls::edFile},     {Field::Location, controls::edLocation},
+    {Field::Author, controls::edAuthor}, {Field::Model, controls::edModel},
+    {Field::Data, controls::edData},     {Field::Sketch, controls::edSketch},
+};
 // The four choice lists of page 3.
 enum class Choice { Type, Class, Coord, Unit };
 // The option buttons of page 4.
@@ -290,6 +297,8 @@ class WizardForm {
   void Load();
   void SetCaptions();
   void ChangePage(int delta);
+  // The finish page's default button, texts and picture: whether Finish can generate yet.
+  void SetUpFinishPage();
   void FocusFirstControl();
   SaveOutcome SaveSession(SaveReason reason);
   // After a session was loaded: each path it set that cannot be taken is refused, and its

@@ -127,7 +127,9 @@ class Checker {
       Literal(where, "the description", description);
 
       const std::string& type = list.SubItem(row, kInputType);
-      if (std::find(types.begin(), types.end(), type) == types.end()) Add(where, "unknown parameter type " + Quoted(type));
+      if (std::find(types.begin(), types.end(), type) == types.end()) {
+        Add(where, "unknown parameter type " + Quoted(type));
+      }
 
       const std::string& variable = list.SubItem(row, kInputVariable);
       Refused(where + " VARIABLE " + Quoted(variable),

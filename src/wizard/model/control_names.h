@@ -103,6 +103,7 @@ inline constexpr const char* lblUnit = "lblUnit";
 inline constexpr const char* lblValue = "lblValue";
 inline constexpr const char* lblVariable = "lblVariable";
 // The introduction's five texts.
-inline constexpr const char* lblIntro[] = {"lblIntro(0)", "lblIntro(1)", "lblIntro(2)", "lblIntro(3)", "lblIntro(4)"};
+inline constexpr const char* lblIntro[] = {"lblIntro(0)", "lblIntro(1)", "lblIntro(2)",
+                                           "lblIntro(3)", "lblIntro(4)"};
 
 }  // namespace wizard::controls

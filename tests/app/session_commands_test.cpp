@@ -73,6 +73,16 @@ TEST_F(SessionCommandsTest, JsonIsPrintedAfterAFailedLoadToo) {
                       "file\",\n"),
             std::string::npos)
       << out_;
+
+  // The message names the file as given: quotes, controls and characters beyond ASCII
+  // escaped, each byte that starts no UTF-8 character as U+FFFD.
+  EXPECT_EQ(Run("session show --json '\"\\\x01\b\f\t\xC3\xBC\xF0\x9F\x98\x80 \x80|\xC0\xAF|"
+                "\xE2\x82'"),
+            1);
+  EXPECT_NE(out_.find(R"(file '\"\\\u0001\u0008\u000c\t\u00fc\ud83d\ude00 )"
+                      R"(\ufffd|\ufffd\ufffd|\ufffd\ufffd' for reading",)"),
+            std::string::npos)
+      << out_;
 }
 
 TEST_F(SessionCommandsTest, CheckReportsProblemsAndUnreadableFiles) {

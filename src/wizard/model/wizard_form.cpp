@@ -343,11 +343,11 @@ void WizardForm::FocusFirstControl() {
   if (!view_) return;
   for (const TabStop& stop : tabOrder_) {
     // A page may begin with a navigation button that is disabled (Finish on page 7).
-    const bool enabled = stop.control == btnBack     ? backEnabled_
-                         : stop.control == btnNext   ? nextEnabled_
-                         : stop.control == btnFinish ? state_.btnFinishEnabled
+    const bool enabled = stop.control == btnBack      ? backEnabled_
+                         : stop.control == btnNext    ? nextEnabled_
+                         : stop.control == btnFinish  ? state_.btnFinishEnabled
                          : stop.control == btnPreview ? PreviewEnabled()
-                                                        : true;
+                                                      : true;
     if (enabled) {
       for (const auto& [field, name] : kFieldControls) {
         if (stop.control == name) untouched_.insert(field);

@@ -53,6 +53,7 @@ const std::string kSystemHive = std::string(
     "[Software\\\\Zentrix\\\\Settings] 1700000000\n"
     "\"Path\"=\"C:\\\\Program Files\\\\Zentrix\\\\\"\n"
     "\"Quote\"=\"say \\\"hi\\\"\\x00e9\"\n"
+    "\"Escapes\"=\"\\x0080\\x07ff\\x0800\\x00e9f\"\n"
     "\"Cut\"=\"before\\0after\"\n"
     "\"Count\"=dword:0000001f\n"
     "\"Minus\"=dword:ffffffff\n"
@@ -76,6 +77,9 @@ TEST_F(RegistryFilesTest, ReadsAWineHive) {
   const std::string key = "software\\ZENTRIX\\Settings";
   EXPECT_EQ(Query(Root::LocalMachine, key, "path"), Text("C:\\Program Files\\Zentrix\\"));
   EXPECT_EQ(Query(Root::LocalMachine, key, "Quote"), Text("say \"hi\"\xC3\xA9"));
+  // \x takes up to four hex digits, in UTF-8 of one to three bytes.
+  EXPECT_EQ(Query(Root::LocalMachine, key, "Escapes"),
+            Text("\xC2\x80\xDF\xBF\xE0\xA0\x80\xC3\xA9" "f"));
   EXPECT_EQ(Query(Root::LocalMachine, key, "Cut"), Text("before"));
   EXPECT_EQ(Query(Root::LocalMachine, key, "Count"), RegistryValue(int32_t{31}));
   EXPECT_EQ(Query(Root::LocalMachine, key, "Minus"), RegistryValue(int32_t{-1}));

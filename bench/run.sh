@@ -46,7 +46,7 @@ guard "generation / plain write of the same bytes" \
   "$(median eow_generation_bench BM_PlainWriteOfGeneratedBytes)" 6
 guard "merge-regeneration (100 edits) / plain generation" \
   "$(median eow_generation_bench BM_MergeRegeneration)" \
-  "$(median eow_generation_bench BM_Generate)" 2
+  "$(median eow_generation_bench BM_Generate)" 4
 guard "preview opened (first file shown) / dry run, 5,000 inputs" \
   "$(median eow_pages_bench BM_PreviewOfLargeSession)" \
   "$(median eow_pages_bench BM_DryRunOfLargeSession)" 2

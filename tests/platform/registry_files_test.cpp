@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <stdexcept>
+#include <string_view>
 
 #include "scratch_folder.h"
 
@@ -27,12 +28,14 @@ std::string HostTypeLibrary(const Registry& registry) {
   return std::holds_alternative<std::string>(library) ? std::get<std::string>(library) : "";
 }
 
-// UTF-16 LE with a byte-order mark, as the registry editor writes its exports.
-std::string Utf16(const std::string& ascii) {
+// UTF-16 LE with a byte-order mark, as the registry editor writes its exports: the ASCII
+// text, then the `more` units.
+std::string Utf16(const std::string& ascii, std::u16string_view more = u"") {
+  std::u16string units(ascii.begin(), ascii.end());
   std::string bytes = "\xFF\xFE";
-  for (char c : ascii) {
-    bytes += c;
-    bytes += '\0';
+  for (const char16_t unit : units.append(more)) {
+    bytes += static_cast<char>(unit & 0xFF);
+    bytes += static_cast<char>(unit >> 8);
   }
   return bytes;
 }
@@ -133,6 +136,12 @@ TEST_F(RegistryFilesTest, ReadsExportFilesInBothVersionsAndEncodings) {
     EXPECT_EQ(registry.QueryRegValue(Root::CurrentUser, "Software\\Zentrix", "Level"),
               RegistryValue(int32_t{2}));
   }
+  // Beyond 16 bits a character comes as a surrogate pair; a lone surrogate is read as "?".
+  registry_.AddFile(scratch_.Write(
+      "wide.reg", Utf16("REGEDIT4\r\n[HKEY_CURRENT_USER\\Software\\Zentrix]\r\n\"Wide\"=\"x",
+                        u"\xDE00\xD83D\xDE00\xD83D\xE000\xD83Dy\"\r\n")));
+  EXPECT_EQ(Query(Root::CurrentUser, "Software\\Zentrix", "Wide"),
+            Text("x?\xF0\x9F\x98\x80?\xEE\x80\x80?y"));
 }
 
 TEST_F(RegistryFilesTest, LaterFilesDeleteAndReplace) {

@@ -1,13 +1,21 @@
 // `eowizard generate` over a week of the engineer's work on the shipped actuator, step by
-// step in one project folder: generated, edited, previewed with --dry-run --diff, merged
-// with one more input and output, merged against a changed limit (exit code 3), and
-// generated again without pristine copies; a session whose project path holds a NUL is
-// refused.
+// step in one project folder: previewed, generated, edited, previewed again with
+// --dry-run --diff, merged with one more input and output, and merged against a changed
+// limit (exit code 3). Each dry run prints what the window's preview of the same session
+// shows. What a merge keeps is the regeneration tests' (tests/generator); here the wiring.
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "../generator/golden_lines.h"
+#include "app/dry_run.h"
+#include "platform/merge/libgit2_merger.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/prompt/scripted_prompter.h"
+#include "platform/regfile/registry_files.h"
 #include "program_test.h"
+#include "session/session_file.h"
+#include "wizard/model/page_checks.h"
 
 namespace {
 
@@ -22,21 +30,23 @@ struct Edit {
 
 struct Step {
   std::string what;
-  std::vector<Edit> edits = {};         // made before the run
-  std::vector<std::string> removed = {};  // from the project folder before the run
-  std::string arguments = "";           // after "generate"
+  std::vector<Edit> edits = {};  // made before the run
+  std::string session = "";      // relative to the repository, or in the scratch folder
+  std::string options = "";      // after the session, the project and the registry
   int exitCode = 0;
-  std::vector<std::string> out = {};  // each on standard output; "@" stands for the project folder
-  std::vector<std::string> err = {};  // each on standard error
-  bool writesNothing = false;
-  int markers = 0;  // conflicts in Actuator.cls afterwards
+  std::string golden = "";  // the whole standard output, "$P" standing for the project folder
+  std::string out = "";     // on standard output
+  std::string err = "";     // on standard error
 };
 
-const std::string kRegistry = " --registry examples/registry/demo-host.reg";
-const std::string kV2 = "examples/actuator/Actuator-v2.bvg";
+const char* const kRegistry = "examples/registry/demo-host.reg";
 
 class GenerateCommandTest : public ProgramTest {
  protected:
+  GenerateCommandTest() {
+    registry_.AddFile(fs::path(EOW_EXAMPLES_DIR) / "registry/demo-host.reg");
+  }
+
   std::string Project(const std::string& name = "") const { return Path("Act/" + name); }
 
   void Apply(const Edit& edit) {
@@ -45,95 +55,157 @@ class GenerateCommandTest : public ProgramTest {
     ASSERT_NE(at, std::string::npos) << edit.from;
     scratch_.Write("Act/" + edit.file, text.replace(at, edit.from.size(), edit.to));
   }
+
+  // What the window's preview of `session` would show, in the dry run's words.
+  std::string Preview(const std::string& session, bool diff) {
+    const fs::path kept = fs::current_path();
+    fs::current_path(fs::path(EOW_EXAMPLES_DIR).parent_path());
+    wizard::PageChecks checks(files_, registry_, prompter_);
+    session::FormState form;
+    form.SetFieldHandlers(&checks);
+    vbrt::FileTable table;
+    std::string message;
+    EXPECT_TRUE(session::LoadSession(form, {table, files_}, session, message)) << message;
+    form.SetText(session::TextField::Location, Project("Actuator.vbp"));
+    const generator::DryRunReport report = app::PreviewGeneration(
+        form, files_, registry_, nullptr, platform::merge::Libgit2Merger);
+    fs::current_path(kept);
+    std::string text = report.generated ? "" : report.failure;
+    for (const auto& entry : report.entries) {
+      text += "  " + entry.path + ": " + entry.outcome + "\n";
+      EXPECT_EQ(entry.question.has_value(),
+                entry.generated && entry.choice != platform::SaveChoice::Create)
+          << entry.path;
+    }
+    for (const auto& entry : report.entries) {
+      if (diff && entry.generated) {
+        text += generator::DiffOf(platform::merge::Libgit2Merger(), entry, false);
+      }
+    }
+    return text;
+  }
+
+  platform::PosixFileSystem files_{platform::DriveMap{}};
+  platform::RegistryFiles registry_;
+  platform::ScriptedPrompter prompter_;
 };
 
-std::string Expanded(std::string text, const std::string& folder) {
-  for (std::size_t at = text.find('@'); at != std::string::npos; at = text.find('@', at)) {
-    text.replace(at, 1, folder);
-    at += folder.size();
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+  for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
   }
   return text;
 }
 
 TEST_F(GenerateCommandTest, AWeekOfTheEngineersWork) {
-  std::string v3 = ReadBytes(fs::path(EOW_EXAMPLES_DIR) / "actuator/Actuator-v2.bvg");
+  // The second version of the session, with another maximum current, and then with the
+  // limit the engineer edited changed too.
+  std::string v2 = ReadBytes(fs::path(EOW_EXAMPLES_DIR) / "actuator/Actuator-v2.bvg");
+  v2.replace(v2.find("MAX=20\r\n"), 8, "MAX=25\r\n");
+  const std::string changed = scratch_.Write("v2.bvg", v2).string();
+  std::string v3 = v2;
   v3.replace(v3.find("MAX=5\r\n"), 7, "MAX=6\r\n");
-  const std::string limitChanged = Session("v3.bvg", v3);
+  const std::string limitChanged = scratch_.Write("v3.bvg", v3).string();
   // A NUL would end all three file names at "Actuator.vbp".
-  std::string cut = ReadBytes(fs::path(EOW_EXAMPLES_DIR) / "actuator/Actuator-v2.bvg");
+  std::string cut = v3;
   cut.replace(cut.find("examples\\actuator\\Actuator.vbp"), 30,
               Project("Actuator.vbp") + '\0' + ".x");
-  const std::string nul = Session("nul.bvg", cut);
+  const std::string nul = scratch_.Write("nul.bvg", cut).string();
   fs::create_directories(Project());
-  const std::string merge = " --project '" + Project("Actuator.vbp") + "'" + kRegistry +
-                            " --answer merge";
   const std::vector<Step> steps = {
-      {.what = "first generation",
-       .arguments = "examples/actuator/Actuator.bvg" + merge,
-       .out = {"Your ExploringObject project was succesfully created.\nFiles written:\n"}},
+      {.what = "a preview of the first generation",
+       .session = "examples/actuator/Actuator.bvg",
+       .options = " --answer merge --dry-run",
+       .golden = "generate_dry_run_first.txt"},
+      {.what = "the first generation",
+       .session = "examples/actuator/Actuator.bvg",
+       .options = " --answer merge",
+       .out = "Your ExploringObject project was succesfully created.\nFiles written:\n"},
       {.what = "a dry run with diff after the engineer's edits and a changed session",
        .edits = {{"Actuator.cls", "        Max = 5\r\n", "        Max = 4.5  ' Gr\xF6\xDF" "e\r\n"},
                  {"Actuator.bas", "    ''' TODO: Modify Zentrix model (Mdl) here\r\n",
                   "    ''' TODO: Modify Zentrix model (Mdl) here\r\n    Mdl.Refresh\r\n"}},
-       .arguments = kV2 + merge + " --dry-run --diff",
-       .out = {"Answered merge (--answer merge).\n",
-               "Dry run, nothing was written. The generation would leave:\n",
-               "  @/Actuator_Files/Actuator_Basic.mod: copied\n",
-               "  @/Actuator.cls: merged cleanly\n  @/Actuator.bas: merged cleanly\n"
-               "  @/Actuator.vbp: overwritten\n",
-               "--- @/Actuator.bas (on disk)\n+++ @/Actuator.bas (after the generation)\n",
-               "+    pole = theParameters(\"Pole width\").Value\n"},
-       .writesNothing = true},
+       .session = changed,
+       .options = " --answer merge --dry-run --diff",
+       .golden = "generate_dry_run_diff.txt"},
       {.what = "the merge",
-       .arguments = kV2 + merge,
-       .out = {"Project file '@/Actuator.vbp' already exists. Overwrite ?\n"
-               "Answered yes (--answer merge).\n",
-               "  @/Actuator.cls (merged with your changes)\n"}},
-      {.what = "the edited limit changed in the session too",
-       .arguments = limitChanged + merge,
+       .session = changed,
+       .options = " --answer merge",
+       .out = "  $P/Actuator.cls (merged with your changes)\n"},
+      {.what = "the edited limit changed in the session too, as a dry run",
+       .session = limitChanged,
+       .options = " --answer merge --dry-run",
        .exitCode = 3,
-       .out = {"  @/Actuator.cls (merged with your changes, 1 conflict (lines 224-230))\n"},
-       .err = {"eowizard: your changes and the new code conflict; the conflicting lines are "
-               "marked with <<<<<<< and >>>>>>> in:\n  @/Actuator.cls: lines 224-230\n"},
-       .markers = 1},
-      {.what = "no pristine copies: the old questions, answered as No",
-       .removed = {".eowizard"},
-       .arguments = kV2 + merge,
-       .out = {"Module '@/Actuator.bas' already exists. Overwrite ?\n"
-               "Answered no (--answer merge).\n",
-               "  @/Actuator 2.cls\n"},
-       .markers = 1},
-      {.what = "--diff without --dry-run", .arguments = kV2 + merge + " --diff", .exitCode = 2,
-       .err = {"--dry-run"}, .writesNothing = true, .markers = 1},
-      {.what = "a project path holding a NUL", .arguments = nul + kRegistry + " --answer yes",
+       .out = "  $P/Actuator.cls: merged with 1 conflict (lines 224-230)\n"},
+      {.what = "the edited limit changed in the session too",
+       .session = limitChanged,
+       .options = " --answer merge",
+       .exitCode = 3,
+       .out = "  $P/Actuator.cls (merged with your changes, 1 conflict (lines 224-230))\n",
+       .err = "eowizard: your changes and the new code conflict; the conflicting lines are "
+              "marked with <<<<<<< and >>>>>>> in:\n  $P/Actuator.cls: lines 224-230\n"},
+      {.what = "--diff without --dry-run", .session = changed, .options = " --answer merge --diff",
+       .exitCode = 2, .err = "--dry-run"},
+      {.what = "a project path holding a NUL", .session = nul, .options = " --answer yes",
        .exitCode = 1,
-       .err = {"eowizard: PROJECT: The path holds the control character NUL (code 0), which "
-               "no file name can hold"},
-       .writesNothing = true, .markers = 1},
+       .err = "eowizard: PROJECT: The path holds the control character NUL (code 0), which "
+              "no file name can hold"},
   };
+  const std::string folder = Project().substr(0, Project().size() - 1);
   for (const Step& step : steps) {
     SCOPED_TRACE(step.what);
     for (const Edit& edit : step.edits) Apply(edit);
-    for (const std::string& name : step.removed) fs::remove_all(Project(name));
     const auto before = Snapshot(Project());
-    EXPECT_EQ(Run("generate " + step.arguments, "cd .. &&"), step.exitCode) << err_;
-    const std::string folder = Project().substr(0, Project().size() - 1);
-    for (const std::string& text : step.out) {
-      EXPECT_NE(out_.find(Expanded(text, folder)), std::string::npos) << text << "\n" << out_;
+    const bool dry = step.options.find("--dry-run") != std::string::npos;
+    const std::string project =
+        step.session == nul ? "" : " --project '" + Project("Actuator.vbp") + "'";
+    EXPECT_EQ(Run("generate '" + step.session + "'" + project + " --registry " + kRegistry +
+                      step.options,
+                  "cd .. &&"),
+              step.exitCode)
+        << err_;
+    const std::string out = Replaced(out_, folder, "$P");
+    if (!step.golden.empty()) {
+      EXPECT_TRUE(generator::test::MatchesGoldenText(out, step.golden, "app"));
     }
-    for (const std::string& text : step.err) {
-      EXPECT_NE(err_.find(Expanded(text, folder)), std::string::npos) << text << "\n" << err_;
-    }
+    EXPECT_NE(out.find(step.out), std::string::npos) << step.out << "\n" << out;
+    EXPECT_NE(Replaced(err_, folder, "$P").find(step.err), std::string::npos) << err_;
     EXPECT_EQ(out_.find("\x1b["), std::string::npos);  // no colours into a file
-    if (step.writesNothing) {
+    if (dry || step.exitCode == 1 || step.exitCode == 2) {
       EXPECT_EQ(Snapshot(Project()), before);
     }
-    const std::string cls = ReadBytes(Project("Actuator.cls"));
-    int markers = 0;
-    for (auto at = cls.find("\r\n<<<<<<< "); at != std::string::npos; at = cls.find("\r\n<<<<<<< ", at + 1)) {
-      ++markers;
+    if (dry) {
+      const std::string preview =
+          Preview(step.session, step.options.find("--diff") != std::string::npos);
+      EXPECT_EQ(Snapshot(Project()), before);
+      EXPECT_TRUE(out_.ends_with(preview)) << preview;
     }
-    EXPECT_EQ(markers, step.markers);
+    if (step.exitCode == 3 && !dry) {  // the conflict is marked in the file
+      EXPECT_NE(ReadBytes(Project("Actuator.cls")).find("\r\n<<<<<<< "), std::string::npos);
+    }
+  }
+}
+
+// A preview that fails tells the failure the run would tell, and writes nothing.
+TEST_F(GenerateCommandTest, AFailedPreviewIsTheRunsMessage) {
+  const struct {
+    std::string session;
+    bool hostRegistered;
+    std::string message;
+  } failures[] = {
+      {"examples/actuator/Actuator.bvg", false, "Error: ZXBV library not found."},
+      {"examples/converter/Converter.bvg", true, "cannot be converted into code"},
+  };
+  fs::create_directories(Project());
+  for (const auto& failure : failures) {
+    SCOPED_TRACE(failure.session);
+    registry_ = platform::RegistryFiles();
+    if (failure.hostRegistered) {
+      registry_.AddFile(fs::path(EOW_EXAMPLES_DIR) / "registry/demo-host.reg");
+    }
+    const std::string preview = Preview(failure.session, false);
+    EXPECT_NE(preview.find(failure.message), std::string::npos) << preview;
+    EXPECT_TRUE(fs::is_empty(Project()));
   }
 }
 

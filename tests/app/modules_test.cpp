@@ -48,9 +48,7 @@ TEST_F(ModulesTest, OnlyWhatNeedsAModuleLoadsIt) {
     bool merge = false;
     bool qt = false;  // the window's module draws a sketch
   } rows[] = {
-      {"", "session show --drive C=coil/drive_c coil/Coil.bvg", 0, false, ""},
       {"", "session check --drive C=coil/drive_c coil/Coil.bvg", 0, false, ""},
-      {"", "session rewrite coil/Coil.bvg '" + Path("copy.bvg") + "'", 0, false, ""},
       {root, actuator + "yes", 0, false, ""},
       {root, actuator + "merge", 0, false, ""},  // nothing was edited: nothing to merge
       {edit("mine"), actuator + "merge", 0, false, "(merged with your changes)", true},

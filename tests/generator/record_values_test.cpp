@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "../vbrt/raises.h"
 #include "session/form_state.h"
@@ -12,35 +11,7 @@
 namespace generator::test {
 namespace {
 
-TEST(RecordValues, ProblemTypeTextsByPositionWithStressAndCurrentCrossed) {
-  struct Expected {
-    const char* id;
-    const char* extension;
-    const char* fieldPoint;
-    const char* label;
-  };
-  const std::vector<Expected> table = {
-      {"zxElectrostatics", "des", "ES ", "ES"},
-      {"zxMagnetostatics", "dms", " ", "MS"},
-      {"zxHeatTransfer", "dht", " ", "HT"},
-      {"zxHeatTransferDynamic", "dht", " ", "HT"},
-      {"zxStressAnalysis", "dcf", " ", "CF"},
-      {"zxCurrentFlow", "dsa", "SA ", "SA"},
-      {"zxTimeHarmonicMagnetics", "dhe", "HE ", "HE"},
-      {"zxElectromagnetics", "dms", "TE", "MS"},
-      {"zxTimeHarmonicElectrics", "dec", "EC", "EC"},
-  };
-  session::FormState form;
-  for (int16_t position = 0; position < static_cast<int16_t>(table.size()); ++position) {
-    SCOPED_TRACE(position);
-    form.cmbType.listIndex = position;
-    EXPECT_EQ(ProblemTypeId(form), table[position].id);
-    EXPECT_EQ(DataExtension(form), table[position].extension);
-    EXPECT_EQ(FieldPointSuffix(form), table[position].fieldPoint);
-    EXPECT_EQ(LabelSuffix(form), table[position].label);
-  }
-}
-
+// The texts by position are data (strings.tsv), shown in the generated code's golden files.
 TEST(RecordValues, MissingTextAndSixteenBitOverflowAreErrors) {
   session::FormState form;
   form.cmbType.listIndex = 9;  // one past the last problem type

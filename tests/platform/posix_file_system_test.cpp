@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "platform/dry_run_file_system.h"
 #include "platform/posix/program_folder.h"
 #include "../vbrt/raises.h"
 #include "scratch_folder.h"
@@ -80,33 +81,39 @@ TEST_F(PosixFileSystemTest, RelativePathsAreRelativeToTheCurrentFolder) {
   EXPECT_TRUE(found);
 }
 
-TEST_F(PosixFileSystemTest, CreateFolderMakesOneLevel) {
-  PosixFileSystem files = Mapped();
-  files.CreateFolder("M:\\Project");
-  EXPECT_TRUE(fs::is_directory(scratch_.Path() / "Project"));
-  EXPECT_THAT([&] { files.CreateFolder("M:\\Project"); }, RaisesError(58));
-  EXPECT_THAT([&] { files.CreateFolder("M:\\Missing\\Project"); }, RaisesError(vbrt::kPathNotFound));
-}
-
-TEST_F(PosixFileSystemTest, CopyReplacesAndErrorsNameThePath) {
+// Folders made one level at a time, copies that replace, deletions of files only, and
+// what later questions see; a dry run's file system answers and fails alike over the
+// real one, and leaves the disk as it was.
+TEST_F(PosixFileSystemTest, MakesCopiesAndDeletesOrADryRunPretendsTo) {
   scratch_.Write("a.mod", "new");
   scratch_.Write("b.mod", "old text");
-  PosixFileSystem files = Mapped();
-  files.CopyFile("M:\\a.mod", "M:\\b.mod");
-  EXPECT_EQ(fs::file_size(scratch_.Path() / "b.mod"), 3u);
-  EXPECT_THAT([&] { files.CopyFile("M:\\none.mod", "M:\\c.mod"); },
-              RaisesError(vbrt::kFileNotFound, testing::HasSubstr("M:\\none.mod")));
-  EXPECT_THAT([&] { files.CopyFile("M:\\a.mod", "M:\\no\\c.mod"); }, RaisesError(vbrt::kPathNotFound));
-}
-
-TEST_F(PosixFileSystemTest, DeleteRemovesFilesOnly) {
-  scratch_.Write("a.mod", "x");
   fs::create_directories(scratch_.Path() / "dir");
-  PosixFileSystem files = Mapped();
-  files.DeleteFile("M:\\a.mod");
-  EXPECT_FALSE(fs::exists(scratch_.Path() / "a.mod"));
-  EXPECT_THAT([&] { files.DeleteFile("M:\\a.mod"); }, RaisesError(vbrt::kFileNotFound));
-  EXPECT_THAT([&] { files.DeleteFile("M:\\dir"); }, RaisesError(vbrt::kPathFileAccessError));
+  PosixFileSystem real = Mapped();
+  DryRunFileSystem dryRun(real);
+  for (FileSystem* files : {static_cast<FileSystem*>(&dryRun), static_cast<FileSystem*>(&real)}) {
+    SCOPED_TRACE(files == &real ? "real" : "dry run");
+    const auto before = Snapshot(scratch_.Path());
+    files->CreateFolder("M:\\Project");
+    EXPECT_TRUE(files->FolderExists("M:\\Project"));
+    EXPECT_THAT([&] { files->CreateFolder("M:\\Project"); }, RaisesError(58));
+    EXPECT_THAT([&] { files->CreateFolder("M:\\Missing\\Project"); },
+                RaisesError(vbrt::kPathNotFound));
+    files->CopyFile("M:\\a.mod", "M:\\Project\\c.mod");
+    files->CopyFile("M:\\a.mod", "M:\\b.mod");
+    EXPECT_TRUE(files->FileExists("M:\\Project\\c.mod"));
+    EXPECT_THAT([&] { files->CopyFile("M:\\none.mod", "M:\\c.mod"); },
+                RaisesError(vbrt::kFileNotFound, testing::HasSubstr("M:\\none.mod")));
+    EXPECT_THAT([&] { files->CopyFile("M:\\a.mod", "M:\\no\\c.mod"); },
+                RaisesError(vbrt::kPathNotFound));
+    files->DeleteFile("M:\\a.mod");
+    EXPECT_FALSE(files->FileExists("M:\\a.mod"));
+    EXPECT_THAT([&] { files->DeleteFile("M:\\a.mod"); }, RaisesError(vbrt::kFileNotFound));
+    if (files == &dryRun) {
+      EXPECT_EQ(Snapshot(scratch_.Path()), before);
+    }
+  }
+  EXPECT_EQ(fs::file_size(scratch_.Path() / "b.mod"), 3u);
+  EXPECT_THAT([&] { real.DeleteFile("M:\\dir"); }, RaisesError(vbrt::kPathFileAccessError));
 }
 
 TEST(ProgramFolder, HoldsTheRunningTest) {

@@ -2,10 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
-#include <stdexcept>
 
 #include "platform/prompt/console_prompter.h"
-#include "platform/prompt/scripted_prompter.h"
 
 namespace platform {
 namespace {
@@ -95,18 +93,6 @@ TEST(ConsolePrompter, AsksOnATerminalUntilTheAnswerIsClear) {
   EXPECT_EQ(merge.prompter.Show(kMerge), MsgAnswer::Merge);
   EXPECT_THAT(merge.out.str(), HasSubstr("[m]erge, [y]es, [n]o or [c]ancel? "));
   EXPECT_EQ(Console(true, {}, "m\nn\n").prompter.Show(kLoad), MsgAnswer::No);  // not offered
-}
-
-// The test double that most other tests answer questions with: an unexpected question
-// must fail the test rather than get a default answer.
-TEST(ScriptedPrompter, RecordsMessagesAndAnswersFromTheQueue) {
-  ScriptedPrompter prompter;
-  prompter.Answer(MsgAnswer::No);
-  EXPECT_EQ(prompter.Show(kNotice), MsgAnswer::OK);
-  EXPECT_EQ(prompter.Show(kLoad), MsgAnswer::No);
-  EXPECT_EQ(prompter.shown.size(), 2u);
-  EXPECT_THAT([&] { prompter.Show(kCreate); },
-              testing::ThrowsMessage<std::logic_error>(HasSubstr("Create ?")));
 }
 
 }  // namespace

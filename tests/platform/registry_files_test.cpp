@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <stdexcept>
+#include <string_view>
 
 #include "scratch_folder.h"
 
@@ -27,12 +28,14 @@ std::string HostTypeLibrary(const Registry& registry) {
   return std::holds_alternative<std::string>(library) ? std::get<std::string>(library) : "";
 }
 
-// UTF-16 LE with a byte-order mark, as the registry editor writes its exports.
-std::string Utf16(const std::string& ascii) {
+// UTF-16 LE with a byte-order mark, as the registry editor writes its exports: the ASCII
+// text, then the `more` units.
+std::string Utf16(const std::string& ascii, std::u16string_view more = u"") {
+  std::u16string units(ascii.begin(), ascii.end());
   std::string bytes = "\xFF\xFE";
-  for (char c : ascii) {
-    bytes += c;
-    bytes += '\0';
+  for (const char16_t unit : units.append(more)) {
+    bytes += static_cast<char>(unit & 0xFF);
+    bytes += static_cast<char>(unit >> 8);
   }
   return bytes;
 }
@@ -53,6 +56,7 @@ const std::string kSystemHive = std::string(
     "[Software\\\\Zentrix\\\\Settings] 1700000000\n"
     "\"Path\"=\"C:\\\\Program Files\\\\Zentrix\\\\\"\n"
     "\"Quote\"=\"say \\\"hi\\\"\\x00e9\"\n"
+    "\"Escapes\"=\"\\x0080\\x07ff\\x0800\\x00e9f\"\n"
     "\"Cut\"=\"before\\0after\"\n"
     "\"Count\"=dword:0000001f\n"
     "\"Minus\"=dword:ffffffff\n"
@@ -76,6 +80,9 @@ TEST_F(RegistryFilesTest, ReadsAWineHive) {
   const std::string key = "software\\ZENTRIX\\Settings";
   EXPECT_EQ(Query(Root::LocalMachine, key, "path"), Text("C:\\Program Files\\Zentrix\\"));
   EXPECT_EQ(Query(Root::LocalMachine, key, "Quote"), Text("say \"hi\"\xC3\xA9"));
+  // \x takes up to four hex digits, in UTF-8 of one to three bytes.
+  EXPECT_EQ(Query(Root::LocalMachine, key, "Escapes"),
+            Text("\xC2\x80\xDF\xBF\xE0\xA0\x80\xC3\xA9" "f"));
   EXPECT_EQ(Query(Root::LocalMachine, key, "Cut"), Text("before"));
   EXPECT_EQ(Query(Root::LocalMachine, key, "Count"), RegistryValue(int32_t{31}));
   EXPECT_EQ(Query(Root::LocalMachine, key, "Minus"), RegistryValue(int32_t{-1}));
@@ -129,6 +136,12 @@ TEST_F(RegistryFilesTest, ReadsExportFilesInBothVersionsAndEncodings) {
     EXPECT_EQ(registry.QueryRegValue(Root::CurrentUser, "Software\\Zentrix", "Level"),
               RegistryValue(int32_t{2}));
   }
+  // Beyond 16 bits a character comes as a surrogate pair; a lone surrogate is read as "?".
+  registry_.AddFile(scratch_.Write(
+      "wide.reg", Utf16("REGEDIT4\r\n[HKEY_CURRENT_USER\\Software\\Zentrix]\r\n\"Wide\"=\"x",
+                        u"\xDE00\xD83D\xDE00\xD83D\xE000\xD83Dy\"\r\n")));
+  EXPECT_EQ(Query(Root::CurrentUser, "Software\\Zentrix", "Wide"),
+            Text("x?\xF0\x9F\x98\x80?\xEE\x80\x80?y"));
 }
 
 TEST_F(RegistryFilesTest, LaterFilesDeleteAndReplace) {

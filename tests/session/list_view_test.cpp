@@ -51,14 +51,5 @@ TEST(ListViewTest, PositionsAndSubItemsAreRangeChecked) {
   EXPECT_THAT([&] { list.SubItem(0, 7); }, RaisesError(vbrt::kInvalidPropertyValue));
 }
 
-TEST(ListViewTest, FirstSelectedIsNoneUntilARowIsSelected) {
-  ListView list(2);
-  list.Add("a");
-  list.Add("b");
-  EXPECT_EQ(list.FirstSelected(), -1);
-  list.SetSelected(1, true);
-  EXPECT_EQ(list.FirstSelected(), 1);
-}
-
 }  // namespace
 }  // namespace session

@@ -31,13 +31,4 @@ TEST(CaptureUserNumberFormat, TheCLocaleStillHasAGroupSeparator) {
   EXPECT_EQ(format.group, ",");
 }
 
-TEST(UserNumberFormat, DefaultArgumentsFollowTheSetFormat) {
-  const vbrt::NumberFormat saved = vbrt::UserNumberFormat();
-  vbrt::SetUserNumberFormat({",", "."});
-  EXPECT_EQ(vbrt::CStr(0.5), "0,5");
-  EXPECT_TRUE(vbrt::IsNumeric("2,5"));
-  vbrt::SetUserNumberFormat(saved);
-  EXPECT_EQ(vbrt::CStr(0.5), "0.5");
-}
-
 }  // namespace

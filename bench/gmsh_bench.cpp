@@ -13,7 +13,6 @@
 #include "bench_files.h"
 #include "generator/emitter.h"
 #include "generator/sections.h"
-#include "hardening/generation_rig.h"
 #include "app/commands.h"
 #include "platform/gmsh/gmsh_application.h"
 #include "platform/sandbox/blocking_wait.h"
@@ -91,11 +90,10 @@ void BM_SandboxedLoad(benchmark::State& state) {
 
 void BM_BuildModelTextFromLoadedModel(benchmark::State& state) {
   const auto model = Application().OpenModel(GeoFile().string());
-  session::FormState form = hardening::LargeRecord(0, 0);
   std::size_t bytes = 0;
   for (auto _ : state) {
     CountingEmitter out;
-    if (!generator::WriteBuildModelGenerate(form, *model, out)) state.SkipWithError("failed");
+    if (!generator::WriteBuildModelGenerate(*model, out)) state.SkipWithError("failed");
     bytes = out.bytes;
   }
   state.SetBytesProcessed(static_cast<int64_t>(bytes * state.iterations()));

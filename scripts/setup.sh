@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   cmake ninja-build g++ pkg-config
-  libfmt-dev libcli11-dev
+  libfmt-dev libcli11-dev nlohmann-json3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev libgmsh-dev libchm-dev libgit2-dev libxml2-dev libseccomp-dev
   # the help compiler, the manual page, the Debian package and its checks

@@ -1,17 +1,22 @@
 #include "app/session_views.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
-#include "app/json_writer.h"
+#include <nlohmann/json.hpp>
+
 #include "session/record_fields.h"
+#include "vbrt/codepage.h"
 
 namespace app {
 namespace {
 
 using session::Field;
 using session::FormState;
+
+using Json = nlohmann::ordered_json;  // keys in the order they are set
 
 // Keys whose values are integers in their section.
 bool IsGeneralInteger(std::string_view key) {
@@ -90,6 +95,27 @@ void WriteList(std::ostream& out, std::string_view title, int count, FieldsOf fi
   WriteTable(out, rows);
 }
 
+// A text as a JSON string; each byte that starts no UTF-8 character becomes U+FFFD.
+Json String(std::string_view text) { return vbrt::ValidUtf8(text); }
+
+// The JSON as the command has always printed it: two-blank indentation, ASCII only, every
+// other character a \u escape, a backspace and a form feed too (not \b and \f).
+std::string Printed(const Json& json) {
+  const std::string dumped =
+      json.dump(2, ' ', /*ensure_ascii=*/true, Json::error_handler_t::replace);
+  std::string text;
+  text.reserve(dumped.size());
+  for (std::size_t i = 0; i < dumped.size(); ++i) {
+    if (dumped[i] != '\\') {
+      text += dumped[i];
+      continue;
+    }
+    const char escaped = dumped[++i];
+    text += escaped == 'b' ? "\\u0008" : escaped == 'f' ? "\\u000c" : std::string{'\\', escaped};
+  }
+  return text;
+}
+
 }  // namespace
 
 void WriteSessionListing(std::ostream& out, const FormState& form) {
@@ -110,49 +136,28 @@ void WriteSessionListing(std::ostream& out, const FormState& form) {
 
 void WriteSessionJson(std::ostream& out, const FormState& form, bool result,
                       const std::optional<std::string>& message) {
-  JsonWriter json(out);
-  json.BeginObject();
-  json.Key("result").Bool(result);
-  json.Key("message");
-  if (message) {
-    json.String(*message);
-  } else {
-    json.Null();
-  }
+  Json json = {{"result", result}, {"message", message ? String(*message) : Json()}};
   for (const Field& field : session::GeneralFields(form)) {
-    json.Key(field.key);
-    if (IsGeneralInteger(field.key)) {
-      json.Int(std::stoll(field.value));
-    } else {
-      json.String(field.value);
-    }
+    json[std::string(field.key)] =
+        IsGeneralInteger(field.key) ? Json(std::stoll(field.value)) : String(field.value);
   }
-  json.Key("INPUT").BeginArray();
+  Json& inputs = json["INPUT"] = Json::array();
   for (int row = 0; row < form.InputCount(); ++row) {
-    json.BeginObject();
-    for (const Field& field : session::InputFields(form, row)) json.Key(field.key).String(field.value);
-    json.EndObject();
-  }
-  json.EndArray();
-  json.Key("OUTPUT").BeginArray();
-  for (int row = 0; row < form.lvOutput.Count(); ++row) {
-    json.BeginObject();
-    for (const Field& field : session::OutputFields(form, row)) {
-      json.Key(field.key);
-      if (field.key == "ICON") {
-        if (const auto icon = form.lvOutput.Item(row).smallIcon) {
-          json.Int(*icon);
-        } else {
-          json.Null();
-        }
-      } else {
-        json.String(field.value);
-      }
+    Json& input = inputs.emplace_back(Json::object());
+    for (const Field& field : session::InputFields(form, row)) {
+      input[std::string(field.key)] = String(field.value);
     }
-    json.EndObject();
   }
-  json.EndArray();
-  json.EndObject();
+  Json& outputs = json["OUTPUT"] = Json::array();
+  for (int row = 0; row < form.lvOutput.Count(); ++row) {
+    Json& output = outputs.emplace_back(Json::object());
+    const std::optional<int16_t> icon = form.lvOutput.Item(row).smallIcon;
+    for (const Field& field : session::OutputFields(form, row)) {
+      output[std::string(field.key)] =
+          field.key != "ICON" ? String(field.value) : icon ? Json(*icon) : Json();
+    }
+  }
+  out << Printed(json) << '\n';
 }
 
 }  // namespace app

@@ -181,7 +181,7 @@ void CloseQuietly(BasicModel& model) noexcept {
 
 }  // namespace
 
-bool WriteBuildModelGenerate(const FormState&, BasicModel& model, Emitter& out) {
+bool WriteBuildModelGenerate(BasicModel& model, Emitter& out) {
   Printer vb(out, Printer::Target::Class);
   vb.Print(R"(
 ''' Build Zentrix problem model

@@ -49,7 +49,6 @@ using resources::LoadResString;
 using namespace resources;  // the string numbers
 
 constexpr std::string_view kAnalysisLibrary = "{C0E82B4F-2FCB-11D3-BEC8-0080AD0EBF00}";
-constexpr std::string_view kProjectName = "Sondel";
 constexpr std::string_view kModuleName = "Custom";
 
 std::string Describe(const std::exception& e) {
@@ -58,6 +57,43 @@ std::string Describe(const std::exception& e) {
   }
   return e.what();
 }
+
+// The run's own messages, for the failures that the string table has no text for. Each
+// names what failed; `reason` is the error as Describe gives it.
+namespace messages {
+
+std::string RefusedPath(const std::string& refusal) { return "Error: " + refusal; }
+std::string NoApplication(const std::string& model) {
+  return "Error: The basic model '" + model +
+         "' cannot be converted into code: the analysis application is not available.";
+}
+std::string PreparingFailed(const std::string& project, const std::string& reason) {
+  return "Error: Preparing the files of project '" + project + "' failed: " + reason;
+}
+std::string CopyingFailed(const std::string& reason) {
+  return "Error: Copying the basic files failed: " + reason;
+}
+std::string CreatingFailed(const std::string& project, const std::string& reason) {
+  return "Error: Creating project '" + project +
+         "' in the development environment failed: " + reason;
+}
+std::string CountingFailed(const std::string& reason) {
+  return "Error: Counting the geometrical input parameters failed: " + reason;
+}
+std::string ModelNotOpened(const std::string& model, const std::string& reason) {
+  return "Error: The basic model '" + model + "' could not be opened: " + reason;
+}
+std::string ModelNotRead(const std::string& model) {
+  return "Error: The basic model '" + model + "' could not be read.";
+}
+std::string GeneratingFailed(const std::string& project, const std::string& reason) {
+  return "Error: Generating the code of project '" + project + "' failed: " + reason;
+}
+std::string SavingFailed(const std::string& reason) {
+  return "Error: Saving the project failed: " + reason;
+}
+
+}  // namespace messages
 
 // The registry value as text; nullopt when it is Empty.
 std::optional<std::string> RegistryText(const platform::RegistryValue& value) {
@@ -81,29 +117,22 @@ Generator::Generator(platform::DevEnvironment& environment,
       regeneration_(environment.GetRegeneration()) {}
 
 bool Generator::Generate(session::FormState& form) {
-  form_ = &form;
-  names_ = {};
-  project_ = nullptr;
-  classComponent_ = moduleComponent_ = nullptr;
-  model_.reset();
-  saved_.clear();
-  written_.clear();
-  title_ = LoadResString(kAppTitle);
+  run_ = Run{};
+  run_.form = &form;
+  run_.title = LoadResString(kAppTitle);
 
   // A NUL would cut the names short where the files are opened: the project's three files
   // would all go to one file nobody was asked about.
   if (const std::string refused = session::RefusedPathField(form); !refused.empty()) {
-    Tell("Error: " + refused, MsgIcon::Critical);
+    Tell(messages::RefusedPath(refused), MsgIcon::Critical);
     return false;
   }
   if (!form.optModelLink.value && application_ == nullptr) {
-    Tell("Error: The basic model '" + form.edModel +
-             "' cannot be converted into code: the analysis application is not available.",
-         MsgIcon::Critical);
+    Tell(messages::NoApplication(form.edModel), MsgIcon::Critical);
     return false;
   }
-  hostLibrary_ = FindHostTypeLibrary();
-  if (hostLibrary_.empty()) {
+  run_.hostLibrary = FindHostTypeLibrary();
+  if (run_.hostLibrary.empty()) {
     Tell(LoadResString(kHostLibraryMissing) + "\n" + LoadResString(kHostLibraryHint),
          MsgIcon::Critical);
     return false;
@@ -112,15 +141,14 @@ bool Generator::Generate(session::FormState& form) {
   try {
     if (!PrepareFilesFolder()) return false;
     if (!ChooseFileName(".vbp", kProjectFileExistsBefore,
-                        kProjectFileExistsAfter, names_.project)) return false;
+                        kProjectFileExistsAfter, run_.project)) return false;
     if (!ChooseFileName(".cls", kClassFileExistsBefore,
-                        kClassFileExistsAfter, names_.classFile)) return false;
+                        kClassFileExistsAfter, run_.classFile)) return false;
     if (!ChooseFileName(".bas", kModuleFileExistsBefore,
-                        kModuleFileExistsAfter, names_.module)) return false;
+                        kModuleFileExistsAfter, run_.module)) return false;
     PlanSaves();
   } catch (const std::exception& e) {
-    Tell("Error: Preparing the files of project '" + form.theName + "' failed: " + Describe(e),
-         MsgIcon::Critical);
+    Tell(messages::PreparingFailed(form.theName, Describe(e)), MsgIcon::Critical);
     return false;
   }
 
@@ -130,7 +158,7 @@ bool Generator::Generate(session::FormState& form) {
   try {
     CopyBasicFiles();
   } catch (const std::exception& e) {
-    return Abandon("Error: Copying the basic files failed: " + Describe(e));
+    return Abandon(messages::CopyingFailed(Describe(e)));
   }
 
   if (!CreateProject() || !SetUpProgress() || !WriteSections()) return false;
@@ -141,14 +169,14 @@ bool Generator::Generate(session::FormState& form) {
     SaveAll();
     if (regeneration_ != nullptr) regeneration_->Complete();
   } catch (const std::exception& e) {
-    return Abandon("Error: Saving the project failed: " + Describe(e));
+    return Abandon(messages::SavingFailed(Describe(e)));
   }
 
   progress_.Unload();
   if (!Merges() && (regeneration_ == nullptr || !regeneration_->DryRun())) {
     // The box carries the exclamation icon; it is a success all the same.
     prompter_.Show({LoadResString(kGenerationSucceeded), MsgButtons::OK, MsgIcon::Exclamation,
-                    title_, /*success=*/true});
+                    run_.title, /*success=*/true});
   }
   return true;
 }
@@ -164,12 +192,12 @@ std::string Generator::FindHostTypeLibrary() const {
 }
 
 void Generator::AddClassLine(std::string_view text) {
-  platform::CodeModule& code = classComponent_->GetCodeModule();
+  platform::CodeModule& code = run_.classComponent->GetCodeModule();
   code.InsertLines(code.CountOfLines() + 1, text);
 }
 
 void Generator::AddModuleLine(std::string_view text) {
-  platform::CodeModule& code = moduleComponent_->GetCodeModule();
+  platform::CodeModule& code = run_.moduleComponent->GetCodeModule();
   code.InsertLines(code.CountOfLines() + 1, text);
 }
 
@@ -182,7 +210,7 @@ void Generator::StepProgress(int step) {
 }
 
 bool Generator::PrepareFilesFolder() {
-  session::FormState& form = *form_;
+  session::FormState& form = *run_.form;
   form.FilesFolder = "\\" + form.theName + "_Files";
   const std::string candidate = FilesFolderPath();
   if (!fs_.FolderExists(candidate)) {
@@ -213,21 +241,21 @@ bool Generator::PrepareFilesFolder() {
 
 bool Generator::ChooseFileName(const char* extension, int questionBefore, int questionAfter,
                                PlannedFile& file) {
-  const std::string& project = form_->theName;
+  const std::string& project = run_.form->theName;
   std::string path = PathOf(project, extension);
   if (!fs_.FileExists(path)) {
-    file = {project, SaveChoice::Create};
+    file = {path, SaveChoice::Create};
     return true;
   }
   switch (AskOverwrite(path, LoadResString(questionBefore) + path + LoadResString(questionAfter))) {
     case MsgAnswer::Cancel:
       return false;
     case MsgAnswer::Merge:
-      file = {project, SaveChoice::Merge};
+      file = {path, SaveChoice::Merge};
       return true;
     case MsgAnswer::Yes:
       fs_.DeleteFile(path);
-      file = {project, SaveChoice::Overwrite};
+      file = {path, SaveChoice::Overwrite};
       return true;
     case MsgAnswer::No: {
       // The first probe has no blank before the 2; the chosen name and later probes
@@ -238,7 +266,7 @@ bool Generator::ChooseFileName(const char* extension, int questionBefore, int qu
         i = vbrt::AddInteger(i, 1);
         path = PathOf(project + vbrt::StrInteger(i), extension);
       }
-      file = {project + vbrt::StrInteger(i), SaveChoice::NewName};
+      file = {PathOf(project + vbrt::StrInteger(i), extension), SaveChoice::NewName};
       return true;
     }
     case MsgAnswer::OK:
@@ -249,7 +277,7 @@ bool Generator::ChooseFileName(const char* extension, int questionBefore, int qu
 
 platform::MsgAnswer Generator::AskOverwrite(const std::string& path, std::string question) {
   platform::Message message{std::move(question), MsgButtons::YesNoCancel, MsgIcon::Exclamation,
-                            title_};
+                            run_.title};
   const FileHistory history =
       regeneration_ != nullptr ? regeneration_->History(path) : FileHistory::Unknown;
   if (history == FileHistory::Edited) {
@@ -265,24 +293,24 @@ platform::MsgAnswer Generator::AskOverwrite(const std::string& path, std::string
 
 void Generator::PlanSaves() {
   if (regeneration_ == nullptr) return;
-  regeneration_->Plan(PathOf(names_.project.base, ".vbp"), names_.project.choice);
-  regeneration_->Plan(PathOf(names_.classFile.base, ".cls"), names_.classFile.choice);
-  regeneration_->Plan(PathOf(names_.module.base, ".bas"), names_.module.choice);
+  for (const PlannedFile* file : {&run_.project, &run_.classFile, &run_.module}) {
+    regeneration_->Plan(file->path, file->choice);
+  }
 }
 
 bool Generator::Merges() const {
-  for (const PlannedFile* file : {&names_.project, &names_.classFile, &names_.module}) {
+  for (const PlannedFile* file : {&run_.project, &run_.classFile, &run_.module}) {
     if (file->choice == SaveChoice::Merge) return true;
   }
   return false;
 }
 
-void Generator::NoteSaved(const std::string& path, const PlannedFile& file) {
-  if (file.choice != SaveChoice::Merge) saved_.push_back(path);
+void Generator::NoteSaved(const PlannedFile& file) {
+  if (file.choice != SaveChoice::Merge) run_.saved.push_back(file.path);
 }
 
 void Generator::CopyBasicFiles() {
-  const session::FormState& form = *form_;
+  const session::FormState& form = *run_.form;
   progress_.SetState(LoadResString(kStateCopyingFiles));
   const std::string folder = FilesFolderPath();
   const auto target = [&](const std::string& name) { return platform::JoinPath(folder, name); };
@@ -300,7 +328,7 @@ void Generator::CopyIfNeeded(const std::string& from, const std::string& to) {
   if (from.empty() || from == to) return;
   try {
     fs_.CopyFile(from, to);
-    written_.push_back(to);
+    run_.written.push_back(to);
   } catch (const vbrt::VbError&) {
     // A basic file that cannot be copied is left out; the others are still copied.
   }
@@ -309,78 +337,81 @@ void Generator::CopyIfNeeded(const std::string& from, const std::string& to) {
 int16_t Generator::CountGeometricalInputs() const {
   int16_t count = 0;
   const std::string geometrical = TypeCaption(InputType::Geometrical);
-  for (const InputRow& row : InputRows(*form_)) {
+  for (const InputRow& row : InputRows(*run_.form)) {
     if (row.type == geometrical) count = vbrt::AddInteger(count, 1);
   }
   return count;
 }
 
 std::string Generator::PathOf(const std::string& base, const char* extension) const {
-  return platform::JoinPath(form_->theLocation, base + extension);
+  return platform::JoinPath(run_.form->theLocation, base + extension);
 }
 
 std::string Generator::FilesFolderPath() const {
   // FilesFolder keeps the "\\" that the generated code needs; on the disk the folder
   // takes the separator of the location the user gave.
-  return platform::JoinPath(form_->theLocation, std::string_view(form_->FilesFolder).substr(1));
+  return platform::JoinPath(run_.form->theLocation,
+                            std::string_view(run_.form->FilesFolder).substr(1));
 }
 
 bool Generator::CreateProject() {
   const std::string caption = LoadResString(kProgressCaption);
+  const std::string& name = run_.form->theName;
   try {
     progress_.SetState(LoadResString(kStateCreatingProject));
-    project_ = &environment_.GetVBProjects().Add(platform::ProjectType::ActiveXDll, true);
-    project_->SetName(kProjectName);
-    project_->SetDescription(form_->theName + LoadResString(kProjectDescriptionSuffix));
-    project_->GetReferences().AddFromGuid(kAnalysisLibrary, 5, 2);
-    project_->GetReferences().AddFromGuid(hostLibrary_, 2, 0);
+    platform::VBProject& project =
+        environment_.GetVBProjects().Add(platform::ProjectType::ActiveXDll, true);
+    run_.vbProject = &project;
+    project.SetName(session::kGeneratedProjectName);
+    project.SetDescription(name + LoadResString(kProjectDescriptionSuffix));
+    project.GetReferences().AddFromGuid(kAnalysisLibrary, 5, 2);
+    project.GetReferences().AddFromGuid(run_.hostLibrary, 2, 0);
 
-    environment_.ActivateWindow(kProjectName);
-    const std::string projectPath = PathOf(names_.project.base, ".vbp");
-    project_->SaveAs(projectPath);
-    NoteSaved(projectPath, names_.project);
+    environment_.ActivateWindow(session::kGeneratedProjectName);
+    project.SaveAs(run_.project.path);
+    NoteSaved(run_.project);
     environment_.ActivateWindow(caption);
 
-    classComponent_ = &project_->GetVBComponents().Item("Class1");
-    classComponent_->SetName(form_->theName);
-    moduleComponent_ = &project_->GetVBComponents().Add(platform::ComponentKind::StdModule);
-    moduleComponent_->SetName(kModuleName);
-    environment_.ActivateWindow(kProjectName);
-    const std::string classPath = PathOf(names_.classFile.base, ".cls");
-    classComponent_->SaveAs(classPath);
-    NoteSaved(classPath, names_.classFile);
-    const std::string modulePath = PathOf(names_.module.base, ".bas");
-    moduleComponent_->SaveAs(modulePath);
-    NoteSaved(modulePath, names_.module);
+    run_.classComponent = &project.GetVBComponents().Item("Class1");
+    run_.classComponent->SetName(name);
+    run_.moduleComponent = &project.GetVBComponents().Add(platform::ComponentKind::StdModule);
+    run_.moduleComponent->SetName(kModuleName);
+    environment_.ActivateWindow(session::kGeneratedProjectName);
+    run_.classComponent->SaveAs(run_.classFile.path);
+    NoteSaved(run_.classFile);
+    run_.moduleComponent->SaveAs(run_.module.path);
+    NoteSaved(run_.module);
     environment_.ActivateWindow(caption);
     progress_.Repaint();
   } catch (const std::exception& e) {
-    return Abandon("Error: Creating project '" + form_->theName +
-                   "' in the development environment failed: " + Describe(e));
+    return Abandon(messages::CreatingFailed(name, Describe(e)));
   }
   return true;
 }
 
 bool Generator::SetUpProgress() {
-  const session::FormState& form = *form_;
+  const session::FormState& form = *run_.form;
   progress_.SetState(LoadResString(kStateGeneratingCode));
   progress_.SetMin(0);
+  // The maximum is the count the wizard has always set, not the number of steps taken:
+  // the section writers step the bar three times (WriteDeclarations, WriteBuildContour,
+  // WriteResultNames) and five more when the model is converted into code
+  // (WriteBuildModelGenerate), so the bar ends below its maximum and is never refused.
   float maximum = 0;
   try {
     maximum = vbrt::AddInteger(25, CountGeometricalInputs());
   } catch (const std::exception& e) {
-    return Abandon("Error: Counting the geometrical input parameters failed: " + Describe(e));
+    return Abandon(messages::CountingFailed(Describe(e)));
   }
   if (!form.edData.empty()) maximum += 1;
   if (form.optModelLink.value) {
     maximum += 2;
   } else {
     try {
-      model_ = application_->OpenModel(fs_.ToNative(form.edModel).string());
-      maximum += 6 + static_cast<float>(model_->EdgeCount());
+      run_.model = application_->OpenModel(fs_.ToNative(form.edModel).string());
+      maximum += 6 + static_cast<float>(run_.model->EdgeCount());
     } catch (const std::exception& e) {
-      return Abandon("Error: The basic model '" + form.edModel + "' could not be opened: " +
-                     Describe(e));
+      return Abandon(messages::ModelNotOpened(form.edModel, Describe(e)));
     }
   }
   if (IsAsynchronous(form)) maximum += 6;
@@ -391,7 +422,7 @@ bool Generator::SetUpProgress() {
 }
 
 bool Generator::WriteSections() {
-  const session::FormState& form = *form_;
+  const session::FormState& form = *run_.form;
   try {
     WriteDeclarations(form, *this);
     WriteInitialisation(form, *this);
@@ -405,81 +436,78 @@ bool Generator::WriteSections() {
     WriteCalculations(form, *this);
     WritePrmMin(form, *this);
     WritePrmMax(form, *this);
-    WriteValidate(form, *this);
-    WriteGetMinMax(form, *this);
+    WriteValidate(*this);
+    WriteGetMinMax(*this);
     WriteDescriptiveProperties(form, *this);
-    WriteSetInputValues(form, *this);
+    WriteSetInputValues(*this);
     if (form.optModelLink.value) {
       WriteBuildModelLoad(form, *this);
     } else {
       // The writer reads the model and closes it, whatever the outcome.
-      const std::unique_ptr<platform::BasicModel> model = std::move(model_);
-      if (!WriteBuildModelGenerate(form, *model, *this)) {
-        return Abandon("Error: The basic model '" + form.edModel + "' could not be read.");
+      const std::unique_ptr<platform::BasicModel> model = std::move(run_.model);
+      if (!WriteBuildModelGenerate(*model, *this)) {
+        return Abandon(messages::ModelNotRead(form.edModel));
       }
     }
-    WriteMeshModel(form, *this);
-    WriteSaveModel(form, *this);
-    WriteSolveProblem(form, *this);
-    WriteGetResult(form, *this);
-    WriteClassTerminate(form, *this);
+    WriteMeshModel(*this);
+    WriteSaveModel(*this);
+    WriteSolveProblem(*this);
+    WriteGetResult(*this);
+    WriteClassTerminate(*this);
     if (IsAsynchronous(form)) {
       WriteAsyncSolveAndLoaded(form, *this);
-      WriteAsyncChain(form, *this);
+      WriteAsyncChain(*this);
     }
   } catch (const std::exception& e) {
-    return Abandon("Error: Generating the code of project '" + form.theName +
-                   "' failed: " + Describe(e));
+    return Abandon(messages::GeneratingFailed(form.theName, Describe(e)));
   }
   return true;
 }
 
 void Generator::SaveAll() {
-  const std::string classPath = PathOf(names_.classFile.base, ".cls");
-  const std::string modulePath = PathOf(names_.module.base, ".bas");
-  const std::string projectPath = PathOf(names_.project.base, ".vbp");
-  classComponent_->SaveAs(classPath);
-  moduleComponent_->SaveAs(modulePath);
-  project_->SaveAs(projectPath);
-  written_.insert(written_.end(), {classPath, modulePath, projectPath});
+  run_.classComponent->SaveAs(run_.classFile.path);
+  run_.moduleComponent->SaveAs(run_.module.path);
+  run_.vbProject->SaveAs(run_.project.path);
+  run_.written.insert(run_.written.end(),
+                      {run_.classFile.path, run_.module.path, run_.project.path});
 }
 
 platform::MsgAnswer Generator::Ask(const std::string& text) {
-  return prompter_.Show({text, MsgButtons::YesNoCancel, MsgIcon::Exclamation, title_});
+  return prompter_.Show({text, MsgButtons::YesNoCancel, MsgIcon::Exclamation, run_.title});
 }
 
 void Generator::Tell(const std::string& text, platform::MsgIcon icon) {
-  prompter_.Show({text, MsgButtons::OK, icon, title_});
+  prompter_.Show({text, MsgButtons::OK, icon, run_.title});
 }
 
 bool Generator::Abandon(const std::string& message) {
   Tell(message, MsgIcon::Critical);
   if (regeneration_ != nullptr) regeneration_->Abandon();
-  if (model_) {
+  if (run_.model) {
     try {
-      model_->Close();
+      run_.model->Close();
     } catch (const std::exception&) {
       // The model is dropped anyway.
     }
-    model_.reset();
+    run_.model.reset();
   }
-  if (project_ != nullptr) {
+  if (run_.vbProject != nullptr) {
     try {
-      environment_.GetVBProjects().Remove(*project_);
+      environment_.GetVBProjects().Remove(*run_.vbProject);
     } catch (const std::exception&) {
       // Nothing more can be done about a project the environment keeps.
     }
-    project_ = nullptr;
+    run_.vbProject = nullptr;
   }
-  classComponent_ = moduleComponent_ = nullptr;
-  for (const std::string& path : saved_) {
+  run_.classComponent = run_.moduleComponent = nullptr;
+  for (const std::string& path : run_.saved) {
     try {
       if (fs_.FileExists(path)) fs_.DeleteFile(path);
     } catch (const std::exception&) {
       // A file that cannot be deleted stays; the message has said the run failed.
     }
   }
-  saved_.clear();
+  run_.saved.clear();
   progress_.Unload();
   return false;
 }

@@ -41,7 +41,7 @@ class Generator : public Emitter {
 
   // The files the last Generate wrote: the copied basic files, then (when it succeeded)
   // the class, module and project file.
-  const std::vector<std::string>& WrittenFiles() const { return written_; }
+  const std::vector<std::string>& WrittenFiles() const { return run_.written; }
 
   // The GUID of the host's type library as the registry names it, "" when unregistered.
   std::string FindHostTypeLibrary() const;
@@ -53,15 +53,26 @@ class Generator : public Emitter {
   void StepProgress(int step) override;
 
  private:
-  // A file of the project: its base name, without folder and extension, and how it is saved.
+  // A file of the project: its path in the project's folder, written with the separator
+  // of the folder's path, and how it is saved.
   struct PlannedFile {
-    std::string base;
+    std::string path;
     platform::SaveChoice choice = platform::SaveChoice::Create;
   };
-  struct Names {
+  // What one Generate call works with; each call starts from a fresh one.
+  struct Run {
+    session::FormState* form = nullptr;
+    std::string title;
+    std::string hostLibrary;  // the host's type library, found before anything is made
     PlannedFile project;
     PlannedFile classFile;
     PlannedFile module;
+    platform::VBProject* vbProject = nullptr;
+    platform::VBComponent* classComponent = nullptr;
+    platform::VBComponent* moduleComponent = nullptr;
+    std::unique_ptr<platform::BasicModel> model;  // open while the run holds it
+    std::vector<std::string> saved;    // files saved by this run that were not the user's
+    std::vector<std::string> written;  // what WrittenFiles gives
   };
 
   bool PrepareFilesFolder();
@@ -70,7 +81,7 @@ class Generator : public Emitter {
   platform::MsgAnswer AskOverwrite(const std::string& path, std::string question);
   void PlanSaves();
   bool Merges() const;
-  void NoteSaved(const std::string& path, const PlannedFile& file);
+  void NoteSaved(const PlannedFile& file);
   void CopyBasicFiles();
   void CopyIfNeeded(const std::string& from, const std::string& to);
   int16_t CountGeometricalInputs() const;
@@ -96,17 +107,7 @@ class Generator : public Emitter {
   platform::Prompter& prompter_;
   ProgressSink& progress_;
   platform::Regeneration* regeneration_;  // nullptr: the environment keeps no copies
-
-  session::FormState* form_ = nullptr;
-  std::string title_;
-  std::string hostLibrary_;  // the host's type library, found before anything is made
-  Names names_;
-  platform::VBProject* project_ = nullptr;
-  platform::VBComponent* classComponent_ = nullptr;
-  platform::VBComponent* moduleComponent_ = nullptr;
-  std::unique_ptr<platform::BasicModel> model_;  // open while the run holds it
-  std::vector<std::string> saved_;    // files saved by this run that were not the user's
-  std::vector<std::string> written_;
+  Run run_;
 };
 
 }  // namespace generator

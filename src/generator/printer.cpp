@@ -17,6 +17,11 @@ void Substitute(std::string_view line, Vars vars, std::string& result) {
     if (close == std::string_view::npos) throw std::logic_error("unclosed $ marker in generated line");
     result.append(line.substr(pos, open - pos));
     const std::string_view name = line.substr(open + 1, close - open - 1);
+    pos = close + 1;
+    if (name.empty()) {  // "$$": a literal "$", as in Left$
+      result.push_back('$');
+      continue;
+    }
     bool found = false;
     for (const auto& [varName, value] : vars) {
       if (varName == name) {
@@ -26,7 +31,6 @@ void Substitute(std::string_view line, Vars vars, std::string& result) {
       }
     }
     if (!found) throw std::logic_error("no value for $" + std::string(name) + "$");
-    pos = close + 1;
   }
   result.append(line.substr(pos));
 }

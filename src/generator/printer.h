@@ -13,7 +13,8 @@
 // The newline right after R"( and the one before )" are not lines of their own; every
 // other newline ends one line, so an empty line in the block is an empty generated line.
 // `$name$` is replaced by the value given for `name`; inserted values are not scanned
-// again. A marker without a value is a programming error (std::logic_error).
+// again. A literal `$` is written `$$` (`Left$$(s, 1)` gives `Left$(s, 1)`). A marker
+// without a value is a programming error (std::logic_error).
 #include <initializer_list>
 #include <string>
 #include <string_view>

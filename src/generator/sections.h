@@ -1,8 +1,9 @@
 #pragma once
-// The writers of the generated class and module text, one per section, each reading the
-// record from the form's controls. The generation driver calls them in its fixed order;
-// each writer advances the progress bar where its section says so. Errors (a failing
-// emitter, a failing conversion of a record value) propagate to the driver.
+// The writers of the generated class and module text, one per section; those whose text
+// depends on the record read it from the form's controls. The generation driver calls
+// them in its fixed order; each writer advances the progress bar where its section says
+// so. Errors (a failing emitter, a failing conversion of a record value) propagate to the
+// driver.
 #include "generator/emitter.h"
 #include "platform/analysis_application.h"
 #include "session/form_state.h"
@@ -26,29 +27,29 @@ void WritePreSolve(const FormState& form, Emitter& out);
 void WriteBuildContour(const FormState& form, Emitter& out);
 void WriteResultNames(const FormState& form, Emitter& out);
 void WriteCalculations(const FormState& form, Emitter& out);
-void WriteGetResult(const FormState& form, Emitter& out);
+void WriteGetResult(Emitter& out);
 
 // Validation and descriptive properties.
 void WritePrmMin(const FormState& form, Emitter& out);
 void WritePrmMax(const FormState& form, Emitter& out);
-void WriteValidate(const FormState& form, Emitter& out);
-void WriteGetMinMax(const FormState& form, Emitter& out);
+void WriteValidate(Emitter& out);
+void WriteGetMinMax(Emitter& out);
 void WriteDescriptiveProperties(const FormState& form, Emitter& out);
 
 // Synchronous solving chain and termination.
-void WriteSetInputValues(const FormState& form, Emitter& out);
+void WriteSetInputValues(Emitter& out);
 void WriteBuildModelLoad(const FormState& form, Emitter& out);
 // Reads `model` (stamping user data in it) and writes code that rebuilds its geometry
 // and labels; closes the model at the end. Returns false when the application failed
 // while the model was read (nothing more is written then).
-bool WriteBuildModelGenerate(const FormState& form, platform::BasicModel& model, Emitter& out);
-void WriteMeshModel(const FormState& form, Emitter& out);
-void WriteSaveModel(const FormState& form, Emitter& out);
-void WriteSolveProblem(const FormState& form, Emitter& out);
-void WriteClassTerminate(const FormState& form, Emitter& out);
+bool WriteBuildModelGenerate(platform::BasicModel& model, Emitter& out);
+void WriteMeshModel(Emitter& out);
+void WriteSaveModel(Emitter& out);
+void WriteSolveProblem(Emitter& out);
+void WriteClassTerminate(Emitter& out);
 
 // Asynchronous chain.
 void WriteAsyncSolveAndLoaded(const FormState& form, Emitter& out);  // Load or Generate form
-void WriteAsyncChain(const FormState& form, Emitter& out);  // Meshed, Saved, Solved, Calculated
+void WriteAsyncChain(Emitter& out);  // Meshed, Saved, Solved, Calculated
 
 }  // namespace generator

@@ -143,7 +143,7 @@ void WriteAsyncSolveAndLoaded(const FormState& form, Emitter& out) {
   }
 }
 
-void WriteAsyncChain(const FormState&, Emitter& out) {
+void WriteAsyncChain(Emitter& out) {
   Printer(out, Printer::Target::Class).Print(R"(
 ''' Asynchronous solving continue
 Private Sub Asynchronous_Meshed()

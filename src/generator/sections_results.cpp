@@ -184,7 +184,7 @@ End Sub
 )");
 }
 
-void WriteGetResult(const FormState& /*form*/, Emitter& out) {
+void WriteGetResult(Emitter& out) {
   Printer cls(out, Printer::Target::Class);
   cls.Print(R"(
 ''' Get output parameter values

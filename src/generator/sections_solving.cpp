@@ -77,7 +77,7 @@ End Sub
 )");
 }
 
-void WriteSetInputValues(const FormState&, Emitter& out) {
+void WriteSetInputValues(Emitter& out) {
   Printer(out, Printer::Target::Class).Print(R"(
 ''' Set input parameter values (do not edit)
 Private Sub SetInputValues(ByVal Prms As ZXBV.Parameters)
@@ -142,7 +142,7 @@ Private Sub BuildModel()
   PrintBuildModelServerError(vb);
 }
 
-void WriteMeshModel(const FormState&, Emitter& out) {
+void WriteMeshModel(Emitter& out) {
   Printer(out, Printer::Target::Class).Print(R"(
 ''' Mesh all model shapes
 Private Sub MeshModel()
@@ -180,7 +180,7 @@ End Sub
 )");
 }
 
-void WriteSaveModel(const FormState&, Emitter& out) {
+void WriteSaveModel(Emitter& out) {
   Printer(out, Printer::Target::Class).Print(R"(
 ''' Save geometrical model
 Private Sub SaveModel()
@@ -214,7 +214,7 @@ End Sub
 )");
 }
 
-void WriteSolveProblem(const FormState&, Emitter& out) {
+void WriteSolveProblem(Emitter& out) {
   Printer(out, Printer::Target::Class).Print(R"(
 ''' Solving current ZX problem
 Private Sub SolveProblem()
@@ -251,7 +251,7 @@ End Sub
 )");
 }
 
-void WriteClassTerminate(const FormState&, Emitter& out) {
+void WriteClassTerminate(Emitter& out) {
   Printer(out, Printer::Target::Class).Print(R"(
 ''' Make all deinitialization (do not edit)
 Private Sub Class_Terminate()

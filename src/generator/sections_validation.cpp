@@ -89,7 +89,7 @@ End Function
 )");
 }
 
-void WriteValidate(const FormState& /*form*/, Emitter& out) {
+void WriteValidate(Emitter& out) {
   Printer cls(out, Printer::Target::Class);
   cls.Print(R"(
 ''' TODO:
@@ -120,7 +120,7 @@ End Function
 )");
 }
 
-void WriteGetMinMax(const FormState& /*form*/, Emitter& out) {
+void WriteGetMinMax(Emitter& out) {
   Printer cls(out, Printer::Target::Class);
   cls.Print(R"(
 ''' Getting parameter value boundaries

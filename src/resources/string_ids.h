@@ -8,7 +8,7 @@ namespace resources {
 inline constexpr int kAppTitle = 10092;          // title of every message box
 inline constexpr int kLongTitle = 10093;         // title of the version message
 inline constexpr int kRequiredVersion = 10096;   // highest accepted product string
-inline constexpr int kLowestVersion = 10099;     // lowest accepted product string (empty)
+inline constexpr int kLowestVersion = 10099;     // lowest product string (empty: unchecked)
 inline constexpr int kLaunchCaption = 10098;
 inline constexpr int kLaunchText = 10097;
 inline constexpr int kLaunchFailed = 10614;

@@ -51,18 +51,15 @@ FormState::FormState() {
   lvInput.Add(kNewInputText);
 }
 
-std::string& FormState::TextOf(TextField field) {
-  switch (field) {
-    case TextField::Location: return edLocation;
-    case TextField::Model: return edModel;
-    case TextField::Data: return edData;
-    case TextField::Sketch: return edSketch;
-  }
-  vbrt::Raise(vbrt::kInvalidPropertyValue);
+std::string FormState::*FormState::TextBox(TextField field) {
+  static constexpr std::string FormState::*kBoxes[] = {
+      &FormState::edFile,  &FormState::edLocation, &FormState::edAuthor,
+      &FormState::edModel, &FormState::edData,     &FormState::edSketch};
+  return kBoxes[static_cast<int>(field)];
 }
 
 void FormState::SetText(TextField field, std::string text) {
-  TextOf(field) = std::move(text);
+  Text(field) = std::move(text);
   if (handlers_ != nullptr) handlers_->TextSet(*this, field);
 }
 

@@ -30,8 +30,9 @@ struct ComboBox {
   std::string Text() const;
 };
 
-// The text boxes whose change runs a handler when the program sets them.
-enum class TextField { Location, Model, Data, Sketch };
+// The text boxes of pages 1, 2 and 4. Setting a path field (Location, Model, Data,
+// Sketch) runs its change handler.
+enum class TextField { File, Location, Author, Model, Data, Sketch };
 
 class FormState;
 
@@ -46,6 +47,10 @@ class FieldHandlers {
 inline constexpr int kInputColumns = 7;   // Description, Type, Variable, Unit, Min, Max, Default
 inline constexpr int kOutputColumns = 2;  // Description, Value
 inline constexpr const char* kNewInputText = "<new>";
+
+// The name of every generated project. Its class is named after the wizard's project
+// (theName), so the object it registers is "Sondel.<theName>".
+inline constexpr std::string_view kGeneratedProjectName = "Sondel";
 
 // Sub-items of an lvInput row; the row's own text is the Description.
 inline constexpr int kInputType = 1;
@@ -100,6 +105,9 @@ class FormState {
 
   bool btnFinishEnabled = false;
 
+  // The text box's text.
+  std::string& Text(TextField field) { return this->*TextBox(field); }
+  const std::string& Text(TextField field) const { return this->*TextBox(field); }
   // Sets the text box and runs its change handler, as if the user had typed the text.
   void SetText(TextField field, std::string text);
   // Selects optModelCode (code = true) or optModelLink; the same for the data pair.
@@ -116,7 +124,7 @@ class FormState {
   int InputCount() const;
 
  private:
-  std::string& TextOf(TextField field);
+  static std::string FormState::*TextBox(TextField field);
   FieldHandlers* handlers_ = nullptr;
 };
 

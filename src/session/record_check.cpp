@@ -8,6 +8,7 @@
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
 #include "session/code_page_notice.h"
+#include "session/input_rules.h"
 #include "vbrt/codepage.h"
 #include "vbrt/line_end.h"
 #include "vbrt/numbers.h"
@@ -94,6 +95,11 @@ class Checker {
     }
   }
 
+  // The input page's text for a refusal of the input rules; nothing for 0.
+  void Refused(const std::string& where, int refusal) {
+    if (refusal != 0) Add(where, resources::LoadResString(refusal));
+  }
+
   void Selected(const ComboBox& combo, std::string_view key, std::string_view what) {
     if (combo.listIndex < 0) Add(std::string(key), "no " + std::string(what) + " is selected");
   }
@@ -109,39 +115,25 @@ class Checker {
   }
 
   void Inputs() {
-    std::unordered_set<std::string> types;
-    for (int i = 0; i < resources::kInputTypeCount; ++i) {
-      if (const auto text = resources::FindString(resources::kInputTypeBase + i)) {
-        types.emplace(*text);
-      }
-    }
+    const std::vector<std::string> types =
+        resources::ListFrom(resources::kInputTypeBase, resources::kInputTypeCount);
     std::unordered_set<std::string> descriptions{kNewInputText};
     std::unordered_set<std::string> variables;
     const ListView& list = form_.lvInput;
     for (int row = 0; row < form_.InputCount(); ++row) {
       const std::string& description = list.Item(row).text;
       const std::string where = "Input " + std::to_string(row + 1) + " " + Quoted(description);
-      if (description.empty()) {
-        Add(where, "the description is empty");
-      } else if (vbrt::IsNumeric(description)) {
-        Add(where, "the description is a number");
-      } else if (!descriptions.insert(description).second) {
-        Add(where, "the description is not unique");
-      }
+      Refused(where, DescriptionRefusal(description, !descriptions.insert(description).second));
       Literal(where, "the description", description);
 
-      const std::string& type = list.SubItem(row, 1);
-      if (!types.contains(type)) Add(where, "unknown parameter type " + Quoted(type));
-
-      const std::string& variable = list.SubItem(row, 2);
-      if (variable.empty()) {
-        Add(where, "the variable is empty");
-      } else if (const char first = variable.front();
-                 !((first >= 'a' && first <= 'z') || (first >= 'A' && first <= 'Z'))) {
-        Add(where, "the variable " + Quoted(variable) + " does not begin with a letter");
-      } else if (!variables.insert(variable).second) {
-        Add(where, "the variable " + Quoted(variable) + " is not unique");
+      const std::string& type = list.SubItem(row, kInputType);
+      if (std::find(types.begin(), types.end(), type) == types.end()) {
+        Add(where, "unknown parameter type " + Quoted(type));
       }
+
+      const std::string& variable = list.SubItem(row, kInputVariable);
+      Refused(where + " VARIABLE " + Quoted(variable),
+              VariableRefusal(variable, !variables.insert(variable).second));
       Literal(where, "the variable", variable);
       Literal(where, "the unit", list.SubItem(row, kInputUnit));
       Limits(where, list.SubItem(row, kInputMin), list.SubItem(row, kInputMax),

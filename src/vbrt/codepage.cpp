@@ -190,6 +190,21 @@ bool IsUtf8(std::string_view bytes) {
   return true;
 }
 
+std::string ValidUtf8(std::string_view bytes) {
+  std::string valid;
+  valid.reserve(bytes.size());
+  for (std::size_t i = 0; i < bytes.size();) {
+    const std::size_t length = Utf8CharacterLength(bytes.substr(i));
+    if (length == 1 && static_cast<unsigned char>(bytes[i]) >= 0x80) {
+      valid += "\xEF\xBF\xBD";
+    } else {
+      valid.append(bytes.substr(i, length));
+    }
+    i += length;
+  }
+  return valid;
+}
+
 std::string UnheldCharacters(std::string_view utf8) {
   std::string unheld;
   if (IsCodePageNeutral(utf8)) return unheld;

@@ -24,6 +24,8 @@ std::string FromAnsi(std::string_view ansi);
 
 // Whether `bytes` are well-formed UTF-8.
 bool IsUtf8(std::string_view bytes);
+// `bytes` with each byte that starts no well-formed UTF-8 character replaced by U+FFFD.
+std::string ValidUtf8(std::string_view bytes);
 
 // The characters of `utf8` that the ANSI code page cannot hold (those ToAnsi turns into
 // "?"), each once and in the order they first appear; "" when it holds them all. An

@@ -15,6 +15,7 @@
 #include "resources/string_table.h"
 #include "wizard/help_window.h"
 #include "wizard/model/access_keys.h"
+#include "wizard/model/control_names.h"
 #include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
@@ -35,16 +36,16 @@ struct FieldRow {
   int label;
 };
 constexpr FieldRow kFields[] = {
-    {"edName", InputField::Name, "lblName", resources::kNameLabel},
-    {"edVariable", InputField::Variable, "lblVariable", resources::kVariableLabel},
-    {"edUnit", InputField::Unit, "lblUnit", resources::kUnitLabel},
-    {"edMin", InputField::Min, "lblMin", resources::kMinLabel},
-    {"edMax", InputField::Max, "lblMax", resources::kMaxLabel},
-    {"edValue", InputField::Value, "lblDefault", resources::kDefaultValueLabel},
+    {"edName", InputField::Name, controls::lblName, resources::kNameLabel},
+    {"edVariable", InputField::Variable, controls::lblVariable, resources::kVariableLabel},
+    {"edUnit", InputField::Unit, controls::lblUnit, resources::kUnitLabel},
+    {"edMin", InputField::Min, controls::lblMin, resources::kMinLabel},
+    {"edMax", InputField::Max, controls::lblMax, resources::kMaxLabel},
+    {"edValue", InputField::Value, controls::lblDefault, resources::kDefaultValueLabel},
 };
 
 // The option buttons of grpType, in the page's option order.
-constexpr const char* kOptions[] = {"optGeom", "optPhys", "optPost"};
+constexpr const char* kOptions[] = {controls::optGeom, controls::optPhys, controls::optPost};
 constexpr int kOptionCaptions[] = {resources::kTypeGeometrical, resources::kTypePhysical,
                                    resources::kTypePostprocess};
 
@@ -64,7 +65,7 @@ std::string InputDialog::*TextOf(InputField field) {
 
 InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* parent)
     : QDialog(parent), forward_(std::move(forward)) {
-  setObjectName("dlgInput");
+  setObjectName(controls::dlgInput);
   setWindowTitle(ToQt(LoadResString(resources::kInputDialogCaption)));
   // It blocks the wizard, not the help window, which the user reads beside it.
   setWindowModality(Qt::WindowModal);
@@ -78,8 +79,8 @@ InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* paren
     fields->addRow(label, edit);
   }
 
-  auto* group = new QGroupBox(Keyed(resources::kTypeGroupCaption, "grpType"));
-  group->setObjectName("grpType");
+  auto* group = new QGroupBox(Keyed(resources::kTypeGroupCaption, controls::grpType));
+  group->setObjectName(controls::grpType);
   auto* options = new QVBoxLayout(group);
   types_ = new QButtonGroup(this);
   for (int option = 0; option < 3; ++option) {
@@ -94,14 +95,15 @@ InputParameterDialog::InputParameterDialog(FormForwarder forward, QWidget* paren
   });
 
   auto* buttons = new QDialogButtonBox;
-  ok_ = buttons->addButton(Keyed(resources::kOkButton, "btnOK"), QDialogButtonBox::AcceptRole);
-  ok_->setObjectName("btnOK");
-  auto* cancel = buttons->addButton(Keyed(resources::kCancelButton, "btnCancel"),
+  ok_ = buttons->addButton(Keyed(resources::kOkButton, controls::btnOK),
+                           QDialogButtonBox::AcceptRole);
+  ok_->setObjectName(controls::btnOK);
+  auto* cancel = buttons->addButton(Keyed(resources::kCancelButton, controls::btnCancel),
                                     QDialogButtonBox::RejectRole);
-  cancel->setObjectName("btnCancel");
-  auto* help =
-      buttons->addButton(Keyed(resources::kHelpButton, "btnHelp"), QDialogButtonBox::HelpRole);
-  help->setObjectName("btnHelp");
+  cancel->setObjectName(controls::btnCancel);
+  auto* help = buttons->addButton(Keyed(resources::kHelpButton, controls::btnHelp),
+                                  QDialogButtonBox::HelpRole);
+  help->setObjectName(controls::btnHelp);
   connect(ok_, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Inputs().DialogAccept(); }); });
   connect(cancel, &QPushButton::clicked, this, &InputParameterDialog::reject);

@@ -18,6 +18,7 @@
 #include "resources/string_table.h"
 #include "wizard/list_view_rows.h"
 #include "wizard/model/access_keys.h"
+#include "wizard/model/control_names.h"
 #include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
@@ -50,7 +51,7 @@ QPushButton* PageButton(const char* name, int caption = 0) {
 
 InputPageView::InputPageView(QWidget* parent) : QWidget(parent) {
   list_ = new QTreeWidget;
-  list_->setObjectName("lvInput");
+  list_->setObjectName(controls::lvInput);
   list_->setRootIsDecorated(false);
   list_->setUniformRowHeights(true);
   list_->setAllColumnsShowFocus(true);
@@ -94,9 +95,9 @@ InputPageView::InputPageView(QWidget* parent) : QWidget(parent) {
           &InputPageView::PlaceEditor);
   connect(list_->header(), &QHeaderView::sectionResized, this, &InputPageView::PlaceEditor);
 
-  auto* add = PageButton("btnInputAdd", resources::kInputAddButton);
-  auto* edit = PageButton("btnInputEdit", resources::kInputEditButton);
-  auto* remove = PageButton("btnInputRemove");
+  auto* add = PageButton(controls::btnInputAdd, resources::kInputAddButton);
+  auto* edit = PageButton(controls::btnInputEdit, resources::kInputEditButton);
+  auto* remove = PageButton(controls::btnInputRemove);
   connect(add, &QPushButton::clicked, this, [this] { Do([](InputPage& page) { page.AddClicked(); }); });
   connect(edit, &QPushButton::clicked, this,
           [this] { Do([](InputPage& page) { page.EditClicked(); }); });

@@ -11,6 +11,7 @@
 #include "resources/string_table.h"
 #include "wizard/help_window.h"
 #include "wizard/model/access_keys.h"
+#include "wizard/model/control_names.h"
 #include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
@@ -33,7 +34,7 @@ QLabel* Label(const char* name, int caption, QWidget* buddy) {
 
 OutputParameterDialog::OutputParameterDialog(FormForwarder forward, QWidget* parent)
     : QDialog(parent), forward_(std::move(forward)) {
-  setObjectName("dlgOutput");
+  setObjectName(controls::dlgOutput);
   setWindowTitle(ToQt(resources::LoadResString(resources::kOutputDialogCaption)));
   // It blocks the wizard, not the help window, which the user reads beside it.
   setWindowModality(Qt::WindowModal);
@@ -41,18 +42,19 @@ OutputParameterDialog::OutputParameterDialog(FormForwarder forward, QWidget* par
   name_ = AddField("edName", OutputField::Name);
   value_ = AddField("edValue", OutputField::Value);
   auto* fields = new QFormLayout;
-  fields->addRow(Label("lblName", resources::kNameLabel, name_), name_);
-  fields->addRow(Label("lblValue", resources::kValueLabel, value_), value_);
+  fields->addRow(Label(controls::lblName, resources::kNameLabel, name_), name_);
+  fields->addRow(Label(controls::lblValue, resources::kValueLabel, value_), value_);
 
   auto* buttons = new QDialogButtonBox;
-  auto* ok = buttons->addButton(Keyed(resources::kOkButton, "btnOK"), QDialogButtonBox::AcceptRole);
-  ok->setObjectName("btnOK");
-  auto* cancel = buttons->addButton(Keyed(resources::kCancelButton, "btnCancel"),
+  auto* ok = buttons->addButton(Keyed(resources::kOkButton, controls::btnOK),
+                                QDialogButtonBox::AcceptRole);
+  ok->setObjectName(controls::btnOK);
+  auto* cancel = buttons->addButton(Keyed(resources::kCancelButton, controls::btnCancel),
                                     QDialogButtonBox::RejectRole);
-  cancel->setObjectName("btnCancel");
-  auto* help =
-      buttons->addButton(Keyed(resources::kHelpButton, "btnHelp"), QDialogButtonBox::HelpRole);
-  help->setObjectName("btnHelp");
+  cancel->setObjectName(controls::btnCancel);
+  auto* help = buttons->addButton(Keyed(resources::kHelpButton, controls::btnHelp),
+                                  QDialogButtonBox::HelpRole);
+  help->setObjectName(controls::btnHelp);
   connect(ok, &QPushButton::clicked, this,
           [this] { forward_([](WizardForm& form) { form.Outputs().DialogAccept(); }); });
   connect(cancel, &QPushButton::clicked, this, &OutputParameterDialog::reject);

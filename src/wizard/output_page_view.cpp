@@ -13,6 +13,7 @@
 #include "wizard/list_view_rows.h"
 #include "resources/string_ids.h"
 #include "resources/string_table.h"
+#include "wizard/model/control_names.h"
 #include "wizard/qt_text.h"
 
 namespace wizard {
@@ -64,10 +65,10 @@ QPushButton* PageButton(const char* name) {
 }  // namespace
 
 OutputPageView::OutputPageView(QWidget* parent) : QWidget(parent) {
-  outputs_ = List("lvOutput", QAbstractItemView::SingleSelection);
+  outputs_ = List(controls::lvOutput, QAbstractItemView::SingleSelection);
   outputs_->setHeaderLabels({ToQt(resources::LoadResString(resources::kColumnDescription)),
                              ToQt(resources::LoadResString(resources::kOutputValueColumn))});
-  standard_ = List("lvStandard", QAbstractItemView::ExtendedSelection);
+  standard_ = List(controls::lvStandard, QAbstractItemView::ExtendedSelection);
   standard_->setHeaderHidden(true);
 
   // lvStandard is never narrower than the longest description any problem type offers;
@@ -78,11 +79,11 @@ OutputPageView::OutputPageView(QWidget* parent) : QWidget(parent) {
   wantedOutputsWidth_ = WidestText(*outputs_, texts.descriptions) +
                         WidestText(*outputs_, texts.expressions) + 32 + ListExtras(*outputs_);
 
-  auto* add = PageButton("btnOutputStandard");
+  auto* add = PageButton(controls::btnOutputStandard);
   add->setFixedWidth(kAddButtonWidth);
-  auto* custom = PageButton("btnOutputCustom");
-  auto* edit = PageButton("btnOutputEdit");
-  auto* remove = PageButton("btnOutputRemove");
+  auto* custom = PageButton(controls::btnOutputCustom);
+  auto* edit = PageButton(controls::btnOutputEdit);
+  auto* remove = PageButton(controls::btnOutputRemove);
   connect(add, &QPushButton::clicked, this,
           [this] { Do([](OutputPage& page) { page.AddStandardClicked(); }); });
   connect(custom, &QPushButton::clicked, this,
@@ -106,8 +107,8 @@ OutputPageView::OutputPageView(QWidget* parent) : QWidget(parent) {
 
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->addWidget(Label("lblOutput_List1"), 0, 0);
-  grid->addWidget(Label("lblOutput_List2"), 0, 2);
+  grid->addWidget(Label(controls::lblOutput_List1), 0, 0);
+  grid->addWidget(Label(controls::lblOutput_List2), 0, 2);
   grid->addWidget(outputs_, 1, 0);
   grid->addWidget(add, 1, 1, Qt::AlignVCenter);
   grid->addWidget(standard_, 1, 2);

@@ -22,6 +22,7 @@
 #include "wizard/code_view.h"
 #include "wizard/help_window.h"
 #include "wizard/model/access_keys.h"
+#include "wizard/model/control_names.h"
 #include "wizard/notice_label.h"
 #include "wizard/qt_text.h"
 
@@ -82,19 +83,19 @@ QString ProjectFolder(const generator::DryRunReport& report) {
 PreviewDialog::PreviewDialog(generator::DryRunReport report, platform::TextMergerSource merger,
                              std::function<void()> help, QWidget* parent)
     : QDialog(parent), report_(std::move(report)), merger_(std::move(merger)) {
-  setObjectName("dlgPreview");
+  setObjectName(controls::dlgPreview);
   setWindowTitle(Res(resources::kPreviewTitle));
   setWindowModality(Qt::WindowModal);  // the help window stays usable beside it
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(report_.generated ? BuildFiles() : BuildFailure(), 1);
 
   auto* buttons = new QDialogButtonBox;
-  auto* close = buttons->addButton(Caption(resources::kPreviewClose, "btnClose"),
+  auto* close = buttons->addButton(Caption(resources::kPreviewClose, controls::btnClose),
                                    QDialogButtonBox::RejectRole);
-  close->setObjectName("btnClose");
-  auto* helpButton = buttons->addButton(Caption(resources::kHelpButton, "btnHelp"),
+  close->setObjectName(controls::btnClose);
+  auto* helpButton = buttons->addButton(Caption(resources::kHelpButton, controls::btnHelp),
                                         QDialogButtonBox::HelpRole);
-  helpButton->setObjectName("btnHelp");
+  helpButton->setObjectName(controls::btnHelp);
   connect(close, &QPushButton::clicked, this, &QDialog::reject);
   connect(helpButton, &QPushButton::clicked, this, [help = std::move(help)] { help(); });
   PressOnF1(this, helpButton);
@@ -171,7 +172,8 @@ QWidget* PreviewDialog::BuildFiles() {
   auto* findRow = new QHBoxLayout;
   find_ = new FindField([this](bool backward) { Find(backward); });
   find_->setObjectName("edFind");
-  auto* findLabel = new QLabel(Res(resources::kPreviewFind));
+  auto* findLabel = new QLabel(Caption(resources::kPreviewFind, controls::lblFind));
+  findLabel->setObjectName(controls::lblFind);
   findLabel->setBuddy(find_);
   notFound_ = NewNoticeLabel("lblNotFound");
   findRow->addWidget(findLabel);

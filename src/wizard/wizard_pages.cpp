@@ -12,12 +12,16 @@
 #include <QVBoxLayout>
 
 #include "wizard/input_page_view.h"
+#include "wizard/model/control_names.h"
 #include "wizard/model_picture_view.h"
 #include "wizard/notice_label.h"
 #include "wizard/output_page_view.h"
 #include "wizard/pictures.h"
 
 namespace wizard {
+
+using namespace controls;  // the control names
+
 namespace {
 
 constexpr int kPictureWidth = 150;
@@ -60,36 +64,36 @@ void FieldRow(QVBoxLayout& content, const char* field, const char* button) {
 }
 
 void BuildIntroduction(QVBoxLayout& content) {
-  content.addWidget(Text("lblIntro(0)"));
-  content.addWidget(Text("lblIntro(1)"));
-  content.addWidget(Text("lblIntro(2)"));
-  content.addWidget(Text("lblIntro(3)"));
+  content.addWidget(Text(lblIntro[0]));
+  content.addWidget(Text(lblIntro[1]));
+  content.addWidget(Text(lblIntro[2]));
+  content.addWidget(Text(lblIntro[3]));
   content.addSpacing(12);
-  content.addWidget(Text("lblIntro(4)"));
+  content.addWidget(Text(lblIntro[4]));
 }
 
 void BuildSaving(QVBoxLayout& content) {
-  content.addWidget(Text("lblSaving_File"));
-  FieldRow(content, "edFile", "btnFile");
+  content.addWidget(Text(lblSaving_File));
+  FieldRow(content, edFile, btnFile);
 }
 
 void BuildProject(QVBoxLayout& content) {
-  content.addWidget(Text("lblGeneral_Project"));
-  FieldRow(content, "edLocation", "btnLocation");
+  content.addWidget(Text(lblGeneral_Project));
+  FieldRow(content, edLocation, btnLocation);
   content.addSpacing(8);
-  content.addWidget(Text("lblGeneral_Author"));
-  content.addWidget(Named<QLineEdit>("edAuthor"));
-  content.addWidget(FieldNotice("edAuthor"));
+  content.addWidget(Text(lblGeneral_Author));
+  content.addWidget(Named<QLineEdit>(edAuthor));
+  content.addWidget(FieldNotice(edAuthor));
   content.addSpacing(8);
-  content.addWidget(Named<QCheckBox>("chkAsync"));
+  content.addWidget(Named<QCheckBox>(chkAsync));
 }
 
 void BuildProblem(QVBoxLayout& content) {
   auto* grid = new QGridLayout;
-  const char* rows[][2] = {{"lblProblem_Type", "cmbType"},
-                           {"lblProblem_Class", "cmbClass"},
-                           {"lblProblem_Coord", "cmbCoord"},
-                           {"lblProblem_Units", "cmbUnit"}};
+  const char* rows[][2] = {{lblProblem_Type, cmbType},
+                           {lblProblem_Class, cmbClass},
+                           {lblProblem_Coord, cmbCoord},
+                           {lblProblem_Units, cmbUnit}};
   int row = 0;
   for (const auto& [label, combo] : rows) {
     grid->addWidget(Named<QLabel>(label), row, 0);
@@ -117,19 +121,19 @@ void BasicFile(QVBoxLayout& content, const char* label, const char* field, const
 }
 
 void BuildBasicFiles(QVBoxLayout& content) {
-  BasicFile(content, "lblData_ModelFile", "edModel", "btnModel", "optModelCode", "optModelLink");
-  BasicFile(content, "lblData_DataFile", "edData", "btnData", "optDataCode", "optDataLink");
-  content.addWidget(Text("lblData_Sketch"));
-  FieldRow(content, "edSketch", "btnSketch");
+  BasicFile(content, lblData_ModelFile, edModel, btnModel, optModelCode, optModelLink);
+  BasicFile(content, lblData_DataFile, edData, btnData, optDataCode, optDataLink);
+  content.addWidget(Text(lblData_Sketch));
+  FieldRow(content, edSketch, btnSketch);
   auto* sketch = new QHBoxLayout;
   sketch->addStretch();
-  sketch->addWidget(Named<QPushButton>("btnCreateSketch"));
+  sketch->addWidget(Named<QPushButton>(btnCreateSketch));
   content.addLayout(sketch);
   content.addWidget(new ModelPictureView, 1);
 }
 
 void BuildInputs(QVBoxLayout& content) {
-  content.addWidget(Text("lblInput_List"));
+  content.addWidget(Text(lblInput_List));
   content.addWidget(new InputPageView, 1);
 }
 
@@ -155,25 +159,25 @@ struct PageLayout {
 };
 
 constexpr PageLayout kPages[] = {
-    {"lblIntro_Caption", nullptr, BuildIntroduction},
-    {"lblSaving_Caption", "lblSaving_Caption2", BuildSaving},
-    {"lblGeneral_Caption", "lblGeneral_Caption2", BuildProject},
-    {"lblProblem_Caption", "lblProblem_Caption2", BuildProblem},
-    {"lblData_Caption", "lblData_Caption2", BuildBasicFiles},
-    {"lblInput_Caption", "lblInput_Caption2", BuildInputs},
-    {"lblOutput_Caption", "lblOutput_Caption2", BuildOutputs},
-    {"lblFin_Caption", nullptr, BuildFinish},
+    {lblIntro_Caption, nullptr, BuildIntroduction},
+    {lblSaving_Caption, lblSaving_Caption2, BuildSaving},
+    {lblGeneral_Caption, lblGeneral_Caption2, BuildProject},
+    {lblProblem_Caption, lblProblem_Caption2, BuildProblem},
+    {lblData_Caption, lblData_Caption2, BuildBasicFiles},
+    {lblInput_Caption, lblInput_Caption2, BuildInputs},
+    {lblOutput_Caption, lblOutput_Caption2, BuildOutputs},
+    {lblFin_Caption, nullptr, BuildFinish},
 };
 
 // The field each label names.
 constexpr std::pair<const char*, const char*> kLabelFields[] = {
-    {"lblSaving_File", "edFile"},        {"lblGeneral_Project", "edLocation"},
-    {"lblGeneral_Author", "edAuthor"},   {"lblProblem_Type", "cmbType"},
-    {"lblProblem_Class", "cmbClass"},    {"lblProblem_Coord", "cmbCoord"},
-    {"lblProblem_Units", "cmbUnit"},     {"lblData_ModelFile", "edModel"},
-    {"lblData_DataFile", "edData"},      {"lblData_Sketch", "edSketch"},
-    {"lblInput_List", "lvInput"},        {"lblOutput_List1", "lvOutput"},
-    {"lblOutput_List2", "lvStandard"},
+    {lblSaving_File, edFile},       {lblGeneral_Project, edLocation},
+    {lblGeneral_Author, edAuthor},  {lblProblem_Type, cmbType},
+    {lblProblem_Class, cmbClass},   {lblProblem_Coord, cmbCoord},
+    {lblProblem_Units, cmbUnit},    {lblData_ModelFile, edModel},
+    {lblData_DataFile, edData},     {lblData_Sketch, edSketch},
+    {lblInput_List, lvInput},       {lblOutput_List1, lvOutput},
+    {lblOutput_List2, lvStandard},
 };
 
 // Pages whose list or model picture takes the spare height; the others keep their

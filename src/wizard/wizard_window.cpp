@@ -19,6 +19,7 @@
 #include "wizard/help_window.h"
 #include "wizard/input_page_view.h"
 #include "wizard/model/access_keys.h"
+#include "wizard/model/control_names.h"
 #include "wizard/model_picture_view.h"
 #include "wizard/notice_label.h"
 #include "wizard/output_page_view.h"
@@ -27,18 +28,12 @@
 #include "wizard/wizard_pages.h"
 
 namespace wizard {
+
+using namespace controls;  // the control names
+
 namespace {
 
 using session::FormState;
-
-struct FieldControl {
-  Field field;
-  const char* name;
-};
-constexpr FieldControl kFields[] = {
-    {Field::File, "edFile"},     {Field::Location, "edLocation"}, {Field::Author, "edAuthor"},
-    {Field::Model, "edModel"},   {Field::Data, "edData"},         {Field::Sketch, "edSketch"},
-};
 
 struct ChoiceControl {
   Choice choice;
@@ -46,10 +41,10 @@ struct ChoiceControl {
   session::ComboBox FormState::*combo;
 };
 constexpr ChoiceControl kChoices[] = {
-    {Choice::Type, "cmbType", &FormState::cmbType},
-    {Choice::Class, "cmbClass", &FormState::cmbClass},
-    {Choice::Coord, "cmbCoord", &FormState::cmbCoord},
-    {Choice::Unit, "cmbUnit", &FormState::cmbUnit},
+    {Choice::Type, cmbType, &FormState::cmbType},
+    {Choice::Class, cmbClass, &FormState::cmbClass},
+    {Choice::Coord, cmbCoord, &FormState::cmbCoord},
+    {Choice::Unit, cmbUnit, &FormState::cmbUnit},
 };
 
 struct OptionControl {
@@ -58,10 +53,10 @@ struct OptionControl {
   session::OptionButton FormState::*button;
 };
 constexpr OptionControl kOptions[] = {
-    {Option::ModelCode, "optModelCode", &FormState::optModelCode},
-    {Option::ModelLink, "optModelLink", &FormState::optModelLink},
-    {Option::DataCode, "optDataCode", &FormState::optDataCode},
-    {Option::DataLink, "optDataLink", &FormState::optDataLink},
+    {Option::ModelCode, optModelCode, &FormState::optModelCode},
+    {Option::ModelLink, optModelLink, &FormState::optModelLink},
+    {Option::DataCode, optDataCode, &FormState::optDataCode},
+    {Option::DataLink, optDataLink, &FormState::optDataLink},
 };
 
 struct BrowseControl {
@@ -69,8 +64,8 @@ struct BrowseControl {
   const char* name;
 };
 constexpr BrowseControl kBrowseButtons[] = {
-    {Browse::File, "btnFile"},   {Browse::Location, "btnLocation"}, {Browse::Model, "btnModel"},
-    {Browse::Data, "btnData"},   {Browse::Sketch, "btnSketch"},
+    {Browse::File, btnFile}, {Browse::Location, btnLocation}, {Browse::Model, btnModel},
+    {Browse::Data, btnData}, {Browse::Sketch, btnSketch},
 };
 
 Qt::CheckState CheckStateOf(int16_t value) {
@@ -85,7 +80,7 @@ Qt::CheckState CheckStateOf(int16_t value) {
 
 WizardWindow::WizardWindow(WizardForm& form, const platform::FileSystem& fs)
     : form_(&form), fs_(fs) {
-  setObjectName("frmWizard");
+  setObjectName(frmWizard);
   setWindowIcon(QIcon::fromTheme("eowizard"));
   pages_ = new QStackedWidget;
   for (int page = 0; page < kPageCount; ++page) pages_->addWidget(BuildPage(page));
@@ -101,7 +96,7 @@ WizardWindow::WizardWindow(WizardForm& form, const platform::FileSystem& fs)
   layout->addWidget(bar);
   // Enter presses only the button the form makes the default, never the focused one.
   for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
-  PressOnF1(this, findChild<QPushButton*>("btnHelp"));
+  PressOnF1(this, findChild<QPushButton*>(btnHelp));
   PairLabelsWithFields(*this);
   ConnectFields();
   ApplyState();
@@ -123,24 +118,24 @@ void WizardWindow::BuildButtons(QWidget* bar) {
     connect(button, &QPushButton::clicked, this, [this, handler] { Forward(handler); });
     row->addWidget(button);
   };
-  add("btnHelp", [](WizardForm& form) { form.Help(); });
+  add(btnHelp, [](WizardForm& form) { form.Help(); });
   row->addStretch();
-  add("btnCancel", [](WizardForm& form) { form.Cancel(); });
+  add(btnCancel, [](WizardForm& form) { form.Cancel(); });
   row->addSpacing(12);
-  add("btnBack", [](WizardForm& form) { form.Back(); });
-  add("btnNext", [](WizardForm& form) { form.Next(); });
+  add(btnBack, [](WizardForm& form) { form.Back(); });
+  add(btnNext, [](WizardForm& form) { form.Next(); });
   row->addSpacing(12);
-  add("btnPreview", [](WizardForm& form) { form.Preview(); });
-  add("btnFinish", [](WizardForm& form) { form.Finish(); });
+  add(btnPreview, [](WizardForm& form) { form.Preview(); });
+  add(btnFinish, [](WizardForm& form) { form.Finish(); });
 }
 
 void WizardWindow::ConnectFields() {
-  for (const FieldControl& control : kFields) {
-    auto* edit = findChild<QLineEdit*>(control.name);
+  for (const auto& [field, name] : kFieldControls) {
+    auto* edit = findChild<QLineEdit*>(name);
     edit->installEventFilter(this);
     // Shown again at once: a path the form does not take goes back to what it was, and
     // the field's notice line follows the text.
-    connect(edit, &QLineEdit::textEdited, this, [this, field = control.field](const QString& text) {
+    connect(edit, &QLineEdit::textEdited, this, [this, field = field](const QString& text) {
       Forward([field, text = FromQt(text)](WizardForm& form) { form.TextEdited(field, text); });
     });
   }
@@ -160,9 +155,9 @@ void WizardWindow::ConnectFields() {
     connect(findChild<QPushButton*>(control.name), &QPushButton::clicked, this,
             [this, button = control.button] { Browse(button); });
   }
-  connect(findChild<QPushButton*>("btnCreateSketch"), &QPushButton::clicked, this,
+  connect(findChild<QPushButton*>(btnCreateSketch), &QPushButton::clicked, this,
           &WizardWindow::CreateSketch);
-  connect(findChild<QCheckBox*>("chkAsync"), &QCheckBox::clicked, this, [this](bool checked) {
+  connect(findChild<QCheckBox*>(chkAsync), &QCheckBox::clicked, this, [this](bool checked) {
     Forward([=](WizardForm& form) { form.AsyncChanged(checked); });
   });
   const FormForwarder forward = [this](const FormAction& action) { Forward(action); };
@@ -199,21 +194,21 @@ void WizardWindow::FieldLeft(Field field) {
 
 bool WizardWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseButtonPress && form_ != nullptr) {
-    for (const FieldControl& control : kFields) {
-      if (watched->objectName() == control.name) form_->FieldEntered(control.field);
+    for (const auto& [field, name] : kFieldControls) {
+      if (watched->objectName() == name) form_->FieldEntered(field);
     }
   }
   if (event->type() != QEvent::FocusOut) return QDialog::eventFilter(watched, event);
   // A message box or file dialog taking the focus is no leaving of the field.
   const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
   if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) return false;
-  for (const FieldControl& control : kFields) {
-    if (watched->objectName() != control.name) continue;
+  for (const auto& [field, name] : kFieldControls) {
+    if (watched->objectName() != name) continue;
     if (applying_) {
       // A page change hid the field: its check runs once the change is shown.
-      QTimer::singleShot(0, this, [this, field = control.field] { FieldLeft(field); });
+      QTimer::singleShot(0, this, [this, field = field] { FieldLeft(field); });
     } else {
-      FieldLeft(control.field);
+      FieldLeft(field);
     }
   }
   return false;
@@ -242,7 +237,7 @@ void WizardWindow::ApplyState() {
 
 void WizardWindow::ApplyCaptions() {
   for (const auto& [name, text] : form_->Captions()) {
-    if (name == "frmWizard") {
+    if (name == frmWizard) {
       setWindowTitle(ToQt(text));
     } else if (auto* label = findChild<QLabel*>(ToQt(name))) {
       // Only a label with a field shows an access key; the others show every "&".
@@ -256,12 +251,12 @@ void WizardWindow::ApplyCaptions() {
 
 void WizardWindow::ApplyFields() {
   const FormState& state = form_->State();
-  for (const FieldControl& control : kFields) {
-    auto* edit = findChild<QLineEdit*>(control.name);
-    const QString text = ToQt(form_->FieldText(control.field));
+  for (const auto& [field, name] : kFieldControls) {
+    auto* edit = findChild<QLineEdit*>(name);
+    const QString text = ToQt(form_->FieldText(field));
     if (edit->text() != text) edit->setText(text);
-    ShowNotice(*findChild<QLabel*>(QString(control.name) + "Notice"),
-               {form_->FieldNotice(control.field)});
+    ShowNotice(*findChild<QLabel*>(QString(name) + "Notice"),
+               {form_->FieldNotice(field)});
   }
   for (const ChoiceControl& control : kChoices) {
     auto* combo = findChild<QComboBox*>(control.name);
@@ -282,7 +277,7 @@ void WizardWindow::ApplyFields() {
     option->setChecked((state.*control.button).value);
     option->setEnabled((state.*control.button).enabled);
   }
-  findChild<QCheckBox*>("chkAsync")->setCheckState(CheckStateOf(state.chkAsync.value));
+  findChild<QCheckBox*>(chkAsync)->setCheckState(CheckStateOf(state.chkAsync.value));
 }
 
 void WizardWindow::ApplyLists() {
@@ -292,9 +287,9 @@ void WizardWindow::ApplyLists() {
 
 QAbstractButton* WizardWindow::ButtonOf(Button button) const {
   switch (button) {
-    case Button::Back: return findChild<QPushButton*>("btnBack");
-    case Button::Next: return findChild<QPushButton*>("btnNext");
-    case Button::Finish: return findChild<QPushButton*>("btnFinish");
+    case Button::Back: return findChild<QPushButton*>(btnBack);
+    case Button::Next: return findChild<QPushButton*>(btnNext);
+    case Button::Finish: return findChild<QPushButton*>(btnFinish);
     case Button::None: break;
   }
   return nullptr;
@@ -304,7 +299,7 @@ void WizardWindow::ApplyButtons() {
   ButtonOf(Button::Back)->setEnabled(form_->BackEnabled());
   ButtonOf(Button::Next)->setEnabled(form_->NextEnabled());
   ButtonOf(Button::Finish)->setEnabled(form_->FinishEnabled());
-  auto* preview = findChild<QPushButton*>("btnPreview");
+  auto* preview = findChild<QPushButton*>(btnPreview);
   preview->setVisible(form_->PreviewVisible());
   preview->setEnabled(form_->PreviewEnabled());
   for (Button button : {Button::Back, Button::Next, Button::Finish})

@@ -46,6 +46,10 @@ TEST_F(SessionCommandsTest, ViewsAndMessages) {
        "eowizard: Error: Cann't open generation file 'coil/Coil.bvg/x.bvg' for writing\n"},
       {"session show --json --codepage CP437" + sessions + "views.bvg", 0, "",
        "\"AUTHOR\": \"J\\u207frgen\""},
+      // JSON escapes in the message that names the file: controls as \u escapes, characters
+      // beyond ASCII too, and each byte that starts no UTF-8 character as U+FFFD.
+      {"session show --json '\"\\\x01\b\f\t\xC3\xBC\xF0\x9F\x98\x80 \x80|\xC0\xAF|\xE2\x82'",
+       1, "", R"(file '\"\\\u0001\u0008\u000c\t\u00fc\ud83d\ude00 \ufffd|\ufffd\ufffd|\ufffd\ufffd' )"},
       {"session show --codepage NO-SUCH-PAGE" + coil, 2, "", "--codepage"},
       {"session show --registry /no/such.reg" + coil, 2, "", "/no/such.reg"},
       {"model show --model-time-limit 0 converter/Converter.geo", 2, "",

@@ -46,16 +46,10 @@ FakeBasicModel SmallModel() {
   return model;
 }
 
-FormState GenerateForm() {
-  FormState form;
-  form.SelectModelCase(true);
-  return form;
-}
-
 TEST(BuildModelGenerate, RebuildsGeometryAndLabelsWithClassicNumberText) {
   FakeBasicModel model = SmallModel();
   RecordingEmitter out;
-  EXPECT_TRUE(WriteBuildModelGenerate(GenerateForm(), model, out));
+  EXPECT_TRUE(WriteBuildModelGenerate(model, out));
   EXPECT_TRUE(MatchesGolden(out.classLines, "buildmodel_generate.txt"));
   EXPECT_TRUE(out.moduleLines.empty());
   // One step before the edges, before each of the three label groups, and at the end;
@@ -67,7 +61,7 @@ TEST(BuildModelGenerate, RebuildsGeometryAndLabelsWithClassicNumberText) {
 
   FakeBasicModel empty;
   RecordingEmitter emptyOut;
-  EXPECT_TRUE(WriteBuildModelGenerate(GenerateForm(), empty, emptyOut));
+  EXPECT_TRUE(WriteBuildModelGenerate(empty, emptyOut));
   EXPECT_TRUE(MatchesGolden(emptyOut.classLines, "buildmodel_generate_empty.txt"));
   EXPECT_EQ(emptyOut.progress, 5);
 }
@@ -82,7 +76,7 @@ TEST(BuildModelGenerate, FailingApplicationClosesTheModelAndReportsFalse) {
     FakeBasicModel model = SmallModel();
     model.failingAccessor = accessor;
     RecordingEmitter out;
-    EXPECT_FALSE(WriteBuildModelGenerate(GenerateForm(), model, out));
+    EXPECT_FALSE(WriteBuildModelGenerate(model, out));
     EXPECT_EQ(model.closeCount, 1);
     if (accessor == "Close") {
       EXPECT_TRUE(MatchesGolden(out.classLines, "buildmodel_generate.txt"));
@@ -97,7 +91,7 @@ TEST(BuildModelGenerate, CounterOverflowAndQuarterTurnArcAreRuntimeFaults) {
   FakeBasicModel many;
   many.edges.resize(32768);
   RecordingEmitter out;
-  EXPECT_THAT([&] { WriteBuildModelGenerate(GenerateForm(), many, out); },
+  EXPECT_THAT([&] { WriteBuildModelGenerate(many, out); },
               RaisesError(vbrt::kOverflow));
   EXPECT_EQ(out.classLines.back(),
             "    Shps.AddEdge(ZX.PointXY( 0,  0), ZX.PointXY( 0,  0),  0)"
@@ -106,7 +100,7 @@ TEST(BuildModelGenerate, CounterOverflowAndQuarterTurnArcAreRuntimeFaults) {
 
   FakeBasicModel quarter;
   quarter.AddEdge({1, 0}, {0, 1}, {0, 0}, 1.5708);
-  EXPECT_THAT([&] { WriteBuildModelGenerate(GenerateForm(), quarter, out); },
+  EXPECT_THAT([&] { WriteBuildModelGenerate(quarter, out); },
               RaisesError(vbrt::kDivisionByZero));
   EXPECT_EQ(quarter.closeCount, 1);
 }

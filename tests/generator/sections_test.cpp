@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "../vbrt/raises.h"
+#include "generator/printer.h"
 #include "generator/sections.h"
 #include "golden_lines.h"
 #include "test_support.h"
@@ -190,6 +191,13 @@ TEST(Sections, MinimaAreReadWithTheUserDecimalSeparator) {
   vbrt::SetUserNumberFormat(saved);
   EXPECT_EQ(lines[1], "        Min = 0,5");
   EXPECT_EQ(lines[5], "        Min = 0");
+}
+
+// A literal "$" in a block is written "$$"; a value is never scanned for markers.
+TEST(Sections, PrinterWritesDoubledDollarsAsOne) {
+  RecordingEmitter out;
+  Printer(out, Printer::Target::Module).Line("s = Left$$($v$, 1)", {{"v", "a$b$"}});
+  EXPECT_EQ(out.moduleLines, std::vector<std::string>{"s = Left$(a$b$, 1)"});
 }
 
 }  // namespace

@@ -30,10 +30,8 @@ RecordingEmitter Generate(const std::string& model) {
   sandbox::SandboxedApplication application(
       app::ModelReaderCommand(EOWIZARD_EXE, "Reading a golden model"), {}, wait);
   const std::unique_ptr<BasicModel> opened = application.OpenModel(ModelPath(model));
-  session::FormState form;
-  form.SelectModelCase(true);
   RecordingEmitter out;
-  EXPECT_TRUE(generator::WriteBuildModelGenerate(form, *opened, out));
+  EXPECT_TRUE(generator::WriteBuildModelGenerate(*opened, out));
   EXPECT_TRUE(out.moduleLines.empty());
   EXPECT_EQ(out.progress, 5);
   return out;

@@ -28,23 +28,22 @@ TEST(RecordCheckTest, GeneralFields) {
                 "COORDINATES: no coordinate system is selected"}));
 }
 
+// The input rules themselves are the input page's; here, that each row's refusals are
+// reported in its words, a repeat against the rows above it.
 TEST(RecordCheckTest, InputRowsAreNamedWithTheirProblems) {
   FormState form;
   FillCoil(form);
-  AddInput(form, "Coil radius", "Geometric", "9x", "", "a", "1", "1");
-  AddInput(form, "12", "Physical", "R", "m\xE2\x80\xA8m", "5", "1", "3");
-  AddInput(form, "Turns", "Physical", "", "", "0", "10", "11");
+  AddInput(form, "Coil radius", "Geometric", "x", "", "a", "1", "1");
+  AddInput(form, "Current", "Physical", "R", "m\xE2\x80\xA8m", "5", "1", "3");
+  AddInput(form, "Turns", "Physical", "n", "", "0", "10", "11");
   const std::vector<std::string> expected = {
-      "Input 2 \"Coil radius\": the description is not unique",
+      "Input 2 \"Coil radius\": Parameter description must be unique.",
       "Input 2 \"Coil radius\": unknown parameter type \"Geometric\"",
-      "Input 2 \"Coil radius\": the variable \"9x\" does not begin with a letter",
       "Input 2 \"Coil radius\": MIN \"a\" is not a number",
-      "Input 3 \"12\": the description is a number",
-      "Input 3 \"12\": the variable \"R\" is not unique",
-      "Input 3 \"12\": the unit \"m?m\" holds a line break or control character, which would "
-      "break the generated code",
-      "Input 3 \"12\": MIN 5 is greater than MAX 1",
-      "Input 4 \"Turns\": the variable is empty",
+      "Input 3 \"Current\" VARIABLE \"R\": Parameter variable name must be unique.",
+      "Input 3 \"Current\": the unit \"m?m\" holds a line break or control character, which "
+      "would break the generated code",
+      "Input 3 \"Current\": MIN 5 is greater than MAX 1",
       "Input 4 \"Turns\": DEFAULT 11 lies outside MIN 0 to MAX 10",
   };
   EXPECT_EQ(CheckRecord(form), expected);
@@ -59,7 +58,7 @@ TEST(RecordCheckTest, OutputRows) {
   form.lvInput.SetText(0, "<new>");
   EXPECT_EQ(CheckRecord(form),
             (std::vector<std::string>{
-                "Input 1 \"<new>\": the description is not unique",
+                "Input 1 \"<new>\": Parameter description must be unique.",
                 "Output 2 \"Magnetic flux\": the description is not unique",
                 "Output 2 \"Magnetic flux\": the result expression (VALUE) is empty",
                 "Output 3 \"Say \"hi\"\": the description \"Say \"hi\"\" holds a double quote, "

@@ -43,7 +43,6 @@ TEST_F(WizardTest, StartUpProposesTheFirstFreeSessionAndShowsPageZero) {
   EXPECT_EQ(form.State().edFile, (ProgramFolder() / "WizardSessions" / "Generation3.bvg").string());
   EXPECT_EQ(DefaultSessionFile(files_, InScratch("none")), InScratch("none/Generation1.bvg"));
   EXPECT_EQ(form.CurrentStep, 0);
-  EXPECT_EQ(form.InputCounter, 1);
   EXPECT_FALSE(form.SettingsChanged);
   ASSERT_EQ(form.State().lvInput.Count(), 1);
   EXPECT_EQ(form.State().lvInput.Item(0).text, "<new>");

@@ -82,7 +82,10 @@ MergedText Kept(std::string text) {
 
 // The user's text `yours` of `file` merged with the change from `previous` to `current`.
 // Where one side left the text as it was, the result is the other side, as a merge's
-// would be, without merging.
+// would be, without merging. A file that this generation leaves untouched (current ==
+// previous) still comes back with CR LF where the user's editor ended a line with a bare
+// LF: the result is the project's file from now on, and the development environment
+// reads its lines only by CR LF.
 MergedText Merged(TextMerger& merger, const fs::path& file, const std::string& previous,
                   const std::string& yours, const std::string& current) {
   std::optional<std::string> fixed = WithCrLf(yours);
@@ -92,8 +95,14 @@ MergedText Merged(TextMerger& merger, const fs::path& file, const std::string& p
   return merger.MergeLines(previous, edited, current, LabelsFor(file));
 }
 
+}  // namespace
+
+fs::path PristineCopyOf(const fs::path& file) {
+  return file.parent_path() / kPristineFolder / file.filename();
+}
+
 // What Complete has written so far, and how to put it back.
-class Journal {
+class FileStore::Journal {
  public:
   // Writes `bytes` as `file`, noting `previous` (nullopt: there was no file) to restore.
   void Write(const fs::path& file, std::string_view bytes, std::optional<std::string> previous) {
@@ -141,12 +150,6 @@ class Journal {
   std::vector<Entry> entries_;
   std::vector<fs::path> folders_;
 };
-
-}  // namespace
-
-fs::path PristineCopyOf(const fs::path& file) {
-  return file.parent_path() / kPristineFolder / file.filename();
-}
 
 FileStore::FileStore(FileSystem& fs, TextMergerSource merger, Saving saving)
     : fs_(fs), mergerSource_(std::move(merger)), saving_(saving) {}
@@ -199,42 +202,56 @@ void FileStore::Complete() {
   std::vector<Planned> plans = std::move(plans_);
   plans_.clear();
   std::vector<SavedFile> saved;
+  if (DryRun()) {
+    for (Planned& plan : plans) {
+      saved.push_back(plan.choice == SaveChoice::Merge ? MergeInDryRun(plan) : SaveInDryRun(plan));
+    }
+    saved_ = std::move(saved);
+    return;
+  }
   // The pristine copies read for the merges, kept to put back when a later write fails.
   std::vector<std::optional<std::string>> copies(plans.size());
   Journal journal;
   try {
     for (std::size_t i = 0; i < plans.size(); ++i) {
-      Planned& plan = plans[i];
-      SavedFile& file = saved.emplace_back(SavedFile{plan.path, plan.choice});
-      if (plan.choice == SaveChoice::Merge) {
-        std::string yours = Read(plan.file);
-        copies[i] = Read(PristineCopyOf(plan.file));
-        MergedText merged = Merged(*merger_, plan.file, *copies[i], yours, plan.generated);
-        file.conflicts = std::move(merged.conflicts);
-        if (DryRun()) {
-          file.before = std::move(yours);
-          file.after = merged.text;
-        } else if (merged.text != yours) {
-          journal.Write(plan.file, merged.text, std::move(yours));
-        }
-      } else if (DryRun()) {
-        file.before = ReadIfExists(plan.file).value_or("");
-        file.after = std::move(plan.generated);  // a dry run keeps no pristine copy
-      }
+      const Planned& plan = plans[i];
+      saved.push_back(plan.choice == SaveChoice::Merge ? MergeToDisk(plan, journal, copies[i])
+                                                       : SavedFile{plan.path, plan.choice});
     }
-    if (!DryRun()) {
-      for (std::size_t i = 0; i < plans.size(); ++i) {
-        const fs::path pristine = PristineCopyOf(plans[i].file);
-        journal.MakeFolder(pristine.parent_path());
-        journal.Write(pristine, plans[i].generated,
-                      copies[i] ? std::move(copies[i]) : ReadIfExists(pristine));
-      }
+    for (std::size_t i = 0; i < plans.size(); ++i) {
+      const fs::path pristine = PristineCopyOf(plans[i].file);
+      journal.MakeFolder(pristine.parent_path());
+      journal.Write(pristine, plans[i].generated,
+                    copies[i] ? std::move(copies[i]) : ReadIfExists(pristine));
     }
   } catch (...) {
     journal.Undo();
     throw;
   }
   saved_ = std::move(saved);
+}
+
+SavedFile FileStore::MergeInDryRun(const Planned& plan) {
+  std::string yours = Read(plan.file);
+  const std::string previous = Read(PristineCopyOf(plan.file));
+  MergedText merged = Merged(*merger_, plan.file, previous, yours, plan.generated);
+  return {plan.path, plan.choice, std::move(merged.conflicts), std::move(yours),
+          std::string(merged.text)};
+}
+
+SavedFile FileStore::MergeToDisk(const Planned& plan, Journal& journal,
+                                 std::optional<std::string>& pristine) {
+  std::string yours = Read(plan.file);
+  pristine = Read(PristineCopyOf(plan.file));
+  MergedText merged = Merged(*merger_, plan.file, *pristine, yours, plan.generated);
+  if (merged.text != yours) journal.Write(plan.file, merged.text, std::move(yours));
+  return {plan.path, plan.choice, std::move(merged.conflicts)};
+}
+
+SavedFile FileStore::SaveInDryRun(Planned& plan) {
+  // A dry run keeps no pristine copy, so the generated bytes can go.
+  return {plan.path, plan.choice, {}, ReadIfExists(plan.file).value_or(""),
+          std::move(plan.generated)};
 }
 
 void FileStore::Abandon() { plans_.clear(); }

@@ -5,6 +5,7 @@
 // since it was generated with the new text when the generation plans so (through a text
 // merger it asks for only then), and in a dry run writes nothing at all.
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -49,7 +50,17 @@ class FileStore : public Regeneration {
     std::string generated;  // the bytes of its last save
   };
 
+  class Journal;  // what Complete has written, to put back when it fails
+
   Planned* Find(const std::filesystem::path& file);
+  // Complete, one case each; each returns what Saved() tells of the file. A merge in a
+  // dry run keeps the file's bytes and the merge's; a merge to disk writes the merge over
+  // the file when it changes it, and keeps the pristine copy it read in `pristine`; any
+  // other file of a dry run keeps its bytes and the generated ones.
+  SavedFile MergeInDryRun(const Planned& plan);
+  SavedFile MergeToDisk(const Planned& plan, Journal& journal,
+                        std::optional<std::string>& pristine);
+  static SavedFile SaveInDryRun(Planned& plan);
 
   FileSystem& fs_;
   TextMergerSource mergerSource_;

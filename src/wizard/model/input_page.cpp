@@ -8,6 +8,7 @@
 #include "resources/string_table.h"
 #include "session/code_page_notice.h"
 #include "session/form_state.h"
+#include "session/input_rules.h"
 #include "vbrt/numbers.h"
 
 namespace wizard {
@@ -54,7 +55,12 @@ int DefaultNameNumber(std::string_view name, int limit) {
   return n <= limit ? static_cast<int>(n) : 0;
 }
 
-bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+// True when there is no `refusal`; otherwise false with its text in `message`.
+bool Passes(int refusal, std::string& message) {
+  if (refusal == 0) return true;
+  message = LoadResString(refusal);
+  return false;
+}
 
 }  // namespace
 
@@ -78,43 +84,20 @@ bool InputPage::ValidateVariable(std::string_view text, std::string& message) co
 
 bool InputPage::CheckDescription(std::string_view text, int row, std::string& message) const {
   if (row >= 0 && text == lvInput_.Item(row).text) return true;
-  int refusal = 0;
-  if (text.empty()) {
-    refusal = resources::kDescriptionEmpty;
-  } else if (vbrt::IsNumeric(text)) {
-    refusal = resources::kDescriptionNumeric;
-  } else {
-    // The placeholder counts too, so "<new>" is never a description.
-    const auto& items = lvInput_.Items();
-    const bool taken = std::any_of(items.begin(), items.end(), [&](const session::ListItem& item) {
-      return item.text == text;
-    });
-    if (taken) refusal = resources::kDescriptionNotUnique;
-  }
-  if (refusal == 0) return true;
-  message = LoadResString(refusal);
-  return false;
+  // The placeholder counts too, so "<new>" is never a description.
+  const auto& items = lvInput_.Items();
+  const bool taken = std::any_of(items.begin(), items.end(),
+                                 [&](const session::ListItem& item) { return item.text == text; });
+  return Passes(session::DescriptionRefusal(text, taken), message);
 }
 
 bool InputPage::CheckVariable(std::string_view text, int row, std::string& message) const {
   if (row >= 0 && text == lvInput_.SubItem(row, session::kInputVariable)) return true;
-  int refusal = 0;
-  if (text.empty()) {
-    refusal = resources::kVariableEmpty;
-  } else if (!IsAsciiLetter(text[0])) {
-    // Only the first character is looked at; the rest may be anything.
-    refusal = resources::kVariableInvalid;
-  } else {
-    for (int i = 0; i < lvInput_.Count(); ++i) {
-      if (lvInput_.SubItem(i, session::kInputVariable) == text) {
-        refusal = resources::kVariableNotUnique;
-        break;
-      }
-    }
+  bool taken = false;
+  for (int i = 0; i < lvInput_.Count() && !taken; ++i) {
+    taken = lvInput_.SubItem(i, session::kInputVariable) == text;
   }
-  if (refusal == 0) return true;
-  message = LoadResString(refusal);
-  return false;
+  return Passes(session::VariableRefusal(text, taken), message);
 }
 
 std::string InputPage::NextParameterName() const {

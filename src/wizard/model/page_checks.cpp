@@ -15,10 +15,6 @@ using platform::MsgButtons;
 using platform::MsgIcon;
 using namespace resources;  // LoadResString and the string numbers
 
-// The project a generation writes is named this; its class is named after the wizard's
-// project, so the ProgID it registers is "Sondel.<project>".
-constexpr std::string_view kGeneratedProject = "Sondel";
-
 // The controls of one basic file on the basic-files page.
 struct BasicFileControls {
   std::string session::FormState::*text;
@@ -53,7 +49,7 @@ PageChecks::PageChecks(platform::FileSystem& fs, const platform::Registry& regis
     : fs_(fs), registry_(registry), prompter_(prompter), options_(options) {}
 
 std::string PageChecks::ProgIdOf(std::string_view projectName) {
-  return std::string(kGeneratedProject) + "." + std::string(projectName);
+  return std::string(session::kGeneratedProjectName) + "." + std::string(projectName);
 }
 
 SessionFileOutcome PageChecks::SessionFileLeft(session::FormState& form, session::SessionIo io,
@@ -206,6 +202,8 @@ void PageChecks::TextSet(session::FormState& form, session::TextField field) {
     case session::TextField::Model: return ModelLeft(form);
     case session::TextField::Data: return DataLeft(form);
     case session::TextField::Sketch: return SketchLeft(form);
+    case session::TextField::File:
+    case session::TextField::Author: return;  // no check runs when these are set
   }
 }
 

@@ -9,10 +9,14 @@
 #include "session/record_check.h"
 #include "vbrt/compare.h"
 #include "vbrt/error.h"
+#include "wizard/model/control_names.h"
 #include "wizard/model/session_folder.h"
 #include "wizard/model/wizard_connection.h"
 
 namespace wizard {
+
+using namespace controls;  // the control names
+
 namespace {
 
 using platform::MsgAnswer;
@@ -21,6 +25,8 @@ using platform::MsgIcon;
 using namespace resources;  // LoadResString and the string numbers
 
 constexpr int16_t kBasicFilesPage = 4;
+constexpr int16_t kOutputsPage = 6;
+constexpr int16_t kFinishPage = kPageCount - 1;
 
 struct Caption {
   const char* control;
@@ -28,85 +34,91 @@ struct Caption {
 };
 
 constexpr Caption kCaptions[] = {
-    {"frmWizard", kFormCaption},
-    {"btnHelp", kHelpButton},
-    {"btnCancel", kCancelButton},
-    {"btnBack", kBackButton},
-    {"btnNext", kNextButton},
-    {"btnFinish", kFinishButton},
-    {"btnPreview", kPreviewButton},
-    {"lblIntro_Caption", kIntroHeading},
-    {"lblIntro(0)", kIntroText1},
-    {"lblIntro(1)", kIntroText2},
-    {"lblIntro(2)", kIntroText3},
-    {"lblIntro(3)", kIntroText4},
-    {"lblIntro(4)", kIntroText5},
-    {"lblSaving_Caption", kSavingHeading},
-    {"lblSaving_Caption2", kSavingExplanation},
-    {"lblSaving_File", kSavingFileLabel},
-    {"lblGeneral_Caption", kProjectHeading},
-    {"lblGeneral_Caption2", kProjectExplanation},
-    {"lblGeneral_Project", kProjectLocationLabel},
-    {"lblGeneral_Author", kAuthorLabel},
-    {"chkAsync", kAsyncCheck},
-    {"lblProblem_Caption", kProblemHeading},
-    {"lblProblem_Caption2", kProblemExplanation},
-    {"lblProblem_Type", kProblemTypeLabel},
-    {"lblProblem_Class", kProblemClassLabel},
-    {"lblProblem_Coord", kCoordinatesLabel},
-    {"lblProblem_Units", kLengthUnitsLabel},
-    {"lblData_Caption", kDataHeading},
-    {"lblData_Caption2", kDataExplanation},
-    {"lblData_ModelFile", kModelFileLabel},
-    {"optModelCode", kModelCodeOption},
-    {"optModelLink", kModelLinkOption},
-    {"lblData_DataFile", kDataFileLabel},
-    {"optDataCode", kDataCodeOption},
-    {"optDataLink", kDataLinkOption},
-    {"lblData_Sketch", kSketchFileLabel},
-    {"btnCreateSketch", kCreateSketchButton},
-    {"lblInput_Caption", kInputHeading},
-    {"lblInput_Caption2", kInputExplanation},
-    {"lblInput_List", kInputListLabel},
-    {"btnInputRemove", kInputRemoveButton},
-    {"lblOutput_Caption", kOutputHeading},
-    {"lblOutput_Caption2", kOutputExplanation},
-    {"lblOutput_List1", kOutputListLabel},
-    {"lblOutput_List2", kStandardListLabel},
-    {"btnOutputStandard", kOutputStandardButton},
-    {"btnOutputCustom", kOutputCustomButton},
-    {"btnOutputEdit", kOutputEditButton},
-    {"btnOutputRemove", kOutputRemoveButton},
-    {"lblFin_Caption", kFinishHeading},
+    {frmWizard, kFormCaption},
+    {btnHelp, kHelpButton},
+    {btnCancel, kCancelButton},
+    {btnBack, kBackButton},
+    {btnNext, kNextButton},
+    {btnFinish, kFinishButton},
+    {btnPreview, kPreviewButton},
+    {lblIntro_Caption, kIntroHeading},
+    {lblIntro[0], kIntroText1},
+    {lblIntro[1], kIntroText2},
+    {lblIntro[2], kIntroText3},
+    {lblIntro[3], kIntroText4},
+    {lblIntro[4], kIntroText5},
+    {lblSaving_Caption, kSavingHeading},
+    {lblSaving_Caption2, kSavingExplanation},
+    {lblSaving_File, kSavingFileLabel},
+    {lblGeneral_Caption, kProjectHeading},
+    {lblGeneral_Caption2, kProjectExplanation},
+    {lblGeneral_Project, kProjectLocationLabel},
+    {lblGeneral_Author, kAuthorLabel},
+    {chkAsync, kAsyncCheck},
+    {lblProblem_Caption, kProblemHeading},
+    {lblProblem_Caption2, kProblemExplanation},
+    {lblProblem_Type, kProblemTypeLabel},
+    {lblProblem_Class, kProblemClassLabel},
+    {lblProblem_Coord, kCoordinatesLabel},
+    {lblProblem_Units, kLengthUnitsLabel},
+    {lblData_Caption, kDataHeading},
+    {lblData_Caption2, kDataExplanation},
+    {lblData_ModelFile, kModelFileLabel},
+    {optModelCode, kModelCodeOption},
+    {optModelLink, kModelLinkOption},
+    {lblData_DataFile, kDataFileLabel},
+    {optDataCode, kDataCodeOption},
+    {optDataLink, kDataLinkOption},
+    {lblData_Sketch, kSketchFileLabel},
+    {btnCreateSketch, kCreateSketchButton},
+    {lblInput_Caption, kInputHeading},
+    {lblInput_Caption2, kInputExplanation},
+    {lblInput_List, kInputListLabel},
+    {btnInputRemove, kInputRemoveButton},
+    {lblOutput_Caption, kOutputHeading},
+    {lblOutput_Caption2, kOutputExplanation},
+    {lblOutput_List1, kOutputListLabel},
+    {lblOutput_List2, kStandardListLabel},
+    {btnOutputStandard, kOutputStandardButton},
+    {btnOutputCustom, kOutputCustomButton},
+    {btnOutputEdit, kOutputEditButton},
+    {btnOutputRemove, kOutputRemoveButton},
+    {lblFin_Caption, kFinishHeading},
 };
 
-// The controls in the order given, with tab indices 0, 1, 2, ...
-std::vector<TabStop> InOrder(std::initializer_list<const char*> controls) {
-  std::vector<TabStop> stops;
-  for (const char* control : controls) {
-    stops.push_back({control, static_cast<int>(stops.size())});
-  }
-  return stops;
-}
+// A tab index held by a control that only the page's view knows: the form's tab order
+// leaves it out.
+constexpr const char* kViewsOwn = nullptr;
 
-// The text fields by their controls' names.
-constexpr std::pair<std::string_view, Field> kFieldControls[] = {
-    {"edFile", Field::File},   {"edLocation", Field::Location}, {"edAuthor", Field::Author},
-    {"edModel", Field::Model}, {"edData", Field::Data},         {"edSketch", Field::Sketch},
+// How RefreshStep sets up a page: its controls and buttons by rising tab index (the first
+// enabled one takes the focus), and the navigation buttons. The finish page's default
+// button and texts follow the project location (SetUpFinishPage).
+struct PageSetup {
+  std::vector<const char*> tabOrder;
+  bool backEnabled = true;
+  bool nextEnabled = true;
+  Button defaultButton = Button::Next;
 };
 
-// The text of `field` in `state`, a FormState or a const one.
-template <typename State>
-auto& TextOf(State& state, Field field) {
-  switch (field) {
-    case Field::File: return state.edFile;
-    case Field::Location: return state.edLocation;
-    case Field::Author: return state.edAuthor;
-    case Field::Model: return state.edModel;
-    case Field::Data: return state.edData;
-    case Field::Sketch: return state.edSketch;
-  }
-  return state.edAuthor;  // not reached: every field is listed above
+const std::array<PageSetup, kPageCount>& PageSetups() {
+  static const std::array<PageSetup, kPageCount> pages = {{
+      {.tabOrder = {btnNext, btnFinish, btnHelp, btnCancel}, .backEnabled = false},
+      {.tabOrder = {edFile, btnFile, btnNext, btnFinish, btnHelp, btnCancel}},
+      {.tabOrder = {edLocation, btnLocation, edAuthor, chkAsync, btnNext, btnFinish, btnHelp,
+                    btnCancel}},
+      {.tabOrder = {cmbType, cmbClass, cmbCoord, cmbUnit, btnNext, btnFinish, btnHelp,
+                    btnCancel}},
+      {.tabOrder = {edModel, btnModel, optModelCode, optModelLink, edData, btnData,
+                    optDataCode, optDataLink, edSketch, btnSketch, btnCreateSketch, btnNext,
+                    btnFinish, btnHelp, btnCancel}},
+      // Enter belongs to the list's in-place editors here.
+      {.tabOrder = {lvInput, kViewsOwn, kViewsOwn, btnNext, btnFinish, btnHelp, btnCancel},
+       .defaultButton = Button::None},
+      {.tabOrder = {btnOutputStandard, lvStandard, btnOutputCustom, btnOutputEdit,
+                    btnOutputRemove, btnNext, btnFinish, btnHelp, btnCancel, lvOutput}},
+      {.tabOrder = {btnFinish, btnPreview, btnHelp, btnCancel}, .nextEnabled = false},
+  }};
+  return pages;
 }
 
 Field FieldOf(Browse button) {
@@ -120,13 +132,7 @@ Field FieldOf(Browse button) {
   return Field::File;  // not reached
 }
 
-// The path fields and the record's text fields they set.
-constexpr std::pair<Field, session::TextField> kPathFields[] = {
-    {Field::Location, session::TextField::Location},
-    {Field::Model, session::TextField::Model},
-    {Field::Data, session::TextField::Data},
-    {Field::Sketch, session::TextField::Sketch},
-};
+constexpr Field kPathFields[] = {Field::Location, Field::Model, Field::Data, Field::Sketch};
 
 // Why a path is not taken, "" when it is: a path written with "?" leads nowhere, and a
 // control character cuts it short where the files are opened.
@@ -189,7 +195,6 @@ bool WizardForm::InitWizard() {
     appTitle_ = LoadResString(kAppTitle);
     longTitle_ = LoadResString(kLongTitle);
     requiredVersion_ = LoadResString(kRequiredVersion);
-    lowestVersion_ = LoadResString(kLowestVersion);
     const BusyPointer hourglass(view_.get());
 
     const SessionsFolderChoice folder = PrepareSessionsFolder(
@@ -215,7 +220,6 @@ bool WizardForm::InitWizard() {
     if (rows == 0 || state_.lvInput.Item(rows - 1).text != session::kNewInputText) {
       state_.lvInput.Add(LoadResString(kNewInputRow));
     }
-    InputCounter = 1;
     RefreshStep();
 
     if (view_) view_->ShowLaunchNotice(LoadResString(kLaunchCaption), LoadResString(kLaunchText));
@@ -230,9 +234,9 @@ bool WizardForm::InitWizard() {
       return false;
     }
     // Plain character-code order, not a parse of version numbers: "Zentrix 5.10" passes.
-    const std::string product = zx_->ProductName();
-    if (vbrt::CompareBinary(product, requiredVersion_) > 0 ||
-        vbrt::CompareBinary(product, lowestVersion_) < 0) {
+    // Only the upper bound is checked: the table's lower bound (kLowestVersion) is empty,
+    // and no product name orders below the empty text.
+    if (vbrt::CompareBinary(zx_->ProductName(), requiredVersion_) > 0) {
       ReleaseZX();
       if (view_) view_->HideLaunchNotice();
       Tell(LoadResString(kWrongVersion), MsgIcon::Exclamation, longTitle_);
@@ -249,71 +253,38 @@ bool WizardForm::InitWizard() {
 }
 
 void WizardForm::RefreshStep() {
-  backEnabled_ = true;
-  nextEnabled_ = true;
   state_.btnFinishEnabled = !state_.theLocation.empty();
-  defaultButton_ = Button::Next;
-
-  switch (CurrentStep) {
-    case 0:
-      backEnabled_ = false;
-      tabOrder_ = InOrder({"btnNext", "btnFinish", "btnHelp", "btnCancel"});
-      break;
-    case 1:
-      tabOrder_ = InOrder({"edFile", "btnFile", "btnNext", "btnFinish", "btnHelp", "btnCancel"});
-      break;
-    case 2:
-      tabOrder_ = InOrder({"edLocation", "btnLocation", "edAuthor", "chkAsync", "btnNext",
-                           "btnFinish", "btnHelp", "btnCancel"});
-      break;
-    case 3:
-      tabOrder_ = InOrder({"cmbType", "cmbClass", "cmbCoord", "cmbUnit", "btnNext", "btnFinish",
-                           "btnHelp", "btnCancel"});
-      break;
-    case 4:
-      tabOrder_ = InOrder({"edModel", "btnModel", "optModelCode", "optModelLink", "edData",
-                           "btnData", "optDataCode", "optDataLink", "edSketch", "btnSketch",
-                           "btnCreateSketch", "btnNext", "btnFinish", "btnHelp", "btnCancel"});
-      break;
-    case 5:
-      // The page's other controls take indices 1 and 2.
-      tabOrder_ = {{"lvInput", 0}, {"btnNext", 3}, {"btnFinish", 4}, {"btnHelp", 5},
-                   {"btnCancel", 6}};
-      // Enter belongs to the list's in-place editors here.
-      defaultButton_ = Button::None;
-      break;
-    case 6:
-      tabOrder_ = InOrder({"btnOutputStandard", "lvStandard", "btnOutputCustom", "btnOutputEdit",
-                           "btnOutputRemove", "btnNext", "btnFinish", "btnHelp", "btnCancel",
-                           "lvOutput"});
-      break;
-    case 7:
-      nextEnabled_ = false;
-      if (state_.btnFinishEnabled) {
-        defaultButton_ = Button::Finish;
-        finishText1_ = LoadResString(kFinishReady1);
-        finishText2_ = LoadResString(kFinishReady2);
-        finishIcon_ = "Information";
-        finishPicture_ = FinishPicture::Done;
-      } else {
-        finishText1_ = LoadResString(kFinishMissing1);
-        finishText2_ = LoadResString(kFinishMissing2);
-        finishIcon_ = "Exclamation";
-        // A check mark beside "You must specify project name and location." would say
-        // the opposite of the text.
-        finishPicture_ = FinishPicture::NotYet;
-      }
-      tabOrder_ = InOrder({"btnFinish", "btnPreview", "btnHelp", "btnCancel"});
-      break;
-    default:
-      break;
+  static const PageSetup kNoPage;
+  const bool onPage = CurrentStep >= 0 && CurrentStep < kPageCount;
+  const PageSetup& page = onPage ? PageSetups()[CurrentStep] : kNoPage;
+  backEnabled_ = page.backEnabled;
+  nextEnabled_ = page.nextEnabled;
+  defaultButton_ = page.defaultButton;
+  if (onPage) {
+    tabOrder_.clear();
+    for (std::size_t index = 0; index < page.tabOrder.size(); ++index) {
+      const char* control = page.tabOrder[index];
+      if (control != kViewsOwn) tabOrder_.push_back({control, static_cast<int>(index)});
+    }
   }
+  if (CurrentStep == kFinishPage) SetUpFinishPage();
   // The standard outputs follow the problem type chosen since the page was last on view.
-  if (CurrentStep == 6) {
+  if (CurrentStep == kOutputsPage) {
     outputs_.FillStandardOutputs();
     outputs_.SyncOutputs();
   }
   if (CurrentStep > 0) SettingsChanged = true;
+}
+
+void WizardForm::SetUpFinishPage() {
+  const bool ready = state_.btnFinishEnabled;
+  if (ready) defaultButton_ = Button::Finish;
+  finishText1_ = LoadResString(ready ? kFinishReady1 : kFinishMissing1);
+  finishText2_ = LoadResString(ready ? kFinishReady2 : kFinishMissing2);
+  finishIcon_ = ready ? "Information" : "Exclamation";
+  // A check mark beside "You must specify project name and location." would say the
+  // opposite of the text.
+  finishPicture_ = ready ? FinishPicture::Done : FinishPicture::NotYet;
 }
 
 FileDialogSetup WizardForm::BrowseSetup(Browse button) const {
@@ -325,10 +296,7 @@ FileDialogSetup WizardForm::BrowseSetup(Browse button) const {
     setup.pathMustExist = true;
     return setup;
   }
-  const std::string& text = button == Browse::File     ? state_.edFile
-                            : button == Browse::Model  ? state_.edModel
-                            : button == Browse::Data   ? state_.edData
-                                                       : state_.edSketch;
+  const std::string& text = state_.Text(FieldOf(button));
   const std::string parent = platform::ParentFolder(text);
   const std::string& fallback =
       button == Browse::File ? sessionsFolder_ : state_.theLocation;
@@ -375,14 +343,14 @@ void WizardForm::FocusFirstControl() {
   if (!view_) return;
   for (const TabStop& stop : tabOrder_) {
     // A page may begin with a navigation button that is disabled (Finish on page 7).
-    const bool enabled = stop.control == "btnBack"     ? backEnabled_
-                         : stop.control == "btnNext"   ? nextEnabled_
-                         : stop.control == "btnFinish" ? state_.btnFinishEnabled
-                         : stop.control == "btnPreview" ? PreviewEnabled()
-                                                        : true;
+    const bool enabled = stop.control == btnBack      ? backEnabled_
+                         : stop.control == btnNext    ? nextEnabled_
+                         : stop.control == btnFinish  ? state_.btnFinishEnabled
+                         : stop.control == btnPreview ? PreviewEnabled()
+                                                      : true;
     if (enabled) {
-      for (const auto& [name, field] : kFieldControls) {
-        if (name == stop.control) untouched_.insert(field);
+      for (const auto& [field, name] : kFieldControls) {
+        if (stop.control == name) untouched_.insert(field);
       }
       view_->FocusControl(stop.control);
       return;
@@ -440,7 +408,7 @@ bool WizardForm::Finish() {
 }
 
 bool WizardForm::PreviewVisible() const {
-  return services_.preview && CurrentStep == kPageCount - 1;
+  return services_.preview && CurrentStep == kFinishPage;
 }
 
 void WizardForm::Preview() {
@@ -455,23 +423,23 @@ bool WizardForm::TextEdited(Field field, std::string text) {
   if (field != Field::File && field != Field::Author) {
     // A path written with "?" leads nowhere; the session's own path is no such text, as
     // it is never written in the code page.
-    editedFrom_.try_emplace(field, TextOf(state_, field));
+    editedFrom_.try_emplace(field, state_.Text(field));
     std::string refusal = PathRefusal(text);
     if (!refusal.empty()) {
       refusedPaths_[field] = {std::move(text), std::move(refusal)};
       // Keystrokes taken before the refusal made no path the user meant either.
-      TextOf(state_, field) = editedFrom_[field];
+      state_.Text(field) = editedFrom_[field];
       return false;
     }
   }
   refusedPaths_.erase(field);
-  TextOf(state_, field) = std::move(text);
+  state_.Text(field) = std::move(text);
   return true;
 }
 
 const std::string& WizardForm::FieldText(Field field) const {
   const auto refused = refusedPaths_.find(field);
-  return refused != refusedPaths_.end() ? refused->second.text : TextOf(state_, field);
+  return refused != refusedPaths_.end() ? refused->second.text : state_.Text(field);
 }
 
 std::string WizardForm::FieldNotice(Field field) const {
@@ -492,12 +460,10 @@ void WizardForm::FieldLeft(Field field) {
     case Field::File: {
       refusedPaths_.clear();  // a loaded session sets the paths anew
       std::map<Field, std::string> before;
-      for (const auto& [pathField, unused] : kPathFields) {
-        before[pathField] = TextOf(state_, pathField);
-      }
+      for (const Field pathField : kPathFields) before[pathField] = state_.Text(pathField);
       switch (checks_.SessionFileLeft(state_, Io(), SettingsChanged)) {
         case SessionFileOutcome::Refocus:
-          if (view_) view_->FocusControl("edFile");
+          if (view_) view_->FocusControl(edFile);
           break;
         case SessionFileOutcome::Unread:
           saver_.LoadFailed(state_.edFile);
@@ -591,11 +557,11 @@ SaveOutcome WizardForm::SaveSession(SaveReason reason) {
 }
 
 void WizardForm::RefuseLoadedPaths(const std::map<Field, std::string>& before) {
-  for (const auto& [field, text] : kPathFields) {
-    std::string refusal = PathRefusal(TextOf(state_, field));
+  for (const Field field : kPathFields) {
+    std::string refusal = PathRefusal(state_.Text(field));
     if (refusal.empty()) continue;
-    refusedPaths_[field] = {TextOf(state_, field), std::move(refusal)};
-    state_.SetText(text, before.at(field));
+    refusedPaths_[field] = {state_.Text(field), std::move(refusal)};
+    state_.SetText(field, before.at(field));
   }
 }
 

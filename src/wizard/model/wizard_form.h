@@ -12,6 +12,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/analysis_application.h"
@@ -24,6 +25,7 @@
 #include "session/session_file.h"
 #include "vbrt/file_table.h"
 #include "wizard/model/basic_files_picture.h"
+#include "wizard/model/control_names.h"
 #include "wizard/model/input_page.h"
 #include "wizard/model/output_page.h"
 #include "wizard/model/page_checks.h"
@@ -111,8 +113,13 @@ enum class Button { None, Back, Next, Finish };
 // The finish page's own picture: a project that Finish will generate, or none yet.
 enum class FinishPicture { Done, NotYet };
 
-// The text fields of pages 1, 2 and 4.
-enum class Field { File, Location, Author, Model, Data, Sketch };
+// The text fields of pages 1, 2 and 4, and their controls.
+using Field = session::TextField;
+inline constexpr std::pair<Field, const char*> kFieldControls[] = {
+    {Field::File, controls::edFile},     {Field::Location, controls::edLocation},
+    {Field::Author, controls::edAuthor}, {Field::Model, controls::edModel},
+    {Field::Data, controls::edData},     {Field::Sketch, controls::edSketch},
+};
 // The four choice lists of page 3.
 enum class Choice { Type, Class, Coord, Unit };
 // The option buttons of page 4.
@@ -165,7 +172,6 @@ class WizardForm {
   Wizard* AddIn = nullptr;                  // set by the add-in; closes the wizard
   int16_t CurrentStep = 0;                  // page on view, 0 to 7
   bool SettingsChanged = false;             // a page after the first has been on view
-  int16_t InputCounter = 0;                 // counts input parameters (1 after start-up)
 
   // The analysis application, or nullptr before start-up and after release.
   platform::AnalysisApplication* ZX() const { return zx_.get(); }
@@ -291,6 +297,8 @@ class WizardForm {
   void Load();
   void SetCaptions();
   void ChangePage(int delta);
+  // The finish page's default button, texts and picture: whether Finish can generate yet.
+  void SetUpFinishPage();
   void FocusFirstControl();
   SaveOutcome SaveSession(SaveReason reason);
   // After a session was loaded: each path it set that cannot be taken is refused, and its
@@ -315,7 +323,6 @@ class WizardForm {
   std::string appTitle_;
   std::string longTitle_;
   std::string requiredVersion_;
-  std::string lowestVersion_;
   std::string sessionsFolder_;
 
   std::map<std::string, std::string> captions_;
